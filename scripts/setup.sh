@@ -1,0 +1,49 @@
+# What ./run, ./test and .ci/run share; they source it from the root of the tree.
+# shellcheck shell=bash
+
+# What each kind of work needs of Debian 12 beyond its base system.
+declare -A packages=(
+    [build]="g++ cmake ninja-build qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
+             qt6-translations-l10n"
+    # A virtual desktop, with the means to press, type and look on it.
+    [desktop]="xvfb xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core python3
+               python3-gi gir1.2-atspi-2.0"
+    [tests]="locales util-linux qt6-wayland weston"
+    [checks]="git clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev"
+)
+
+as_root() {
+    if [[ $(id -u) == 0 ]]; then "$@"; else sudo "$@"; fi
+}
+
+# need_packages KIND...: installs what is missing of these kinds; touches nothing if nothing is.
+need_packages() {
+    local kind package missing=()
+    for kind; do
+        for package in ${packages[$kind]}; do
+            [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+                missing+=("$package")
+        done
+    done
+    if ((${#missing[@]})); then
+        echo "Installing from Debian: ${missing[*]}"
+        as_root apt-get -q update
+        as_root env DEBIAN_FRONTEND=noninteractive \
+            apt-get -q install -y --no-install-recommends "${missing[@]}"
+    fi
+}
+
+# need_locales NAME...: makes the UTF-8 locales of these names that the machine lacks.
+need_locales() {
+    local name
+    for name; do
+        locale -a | grep -qix "$name\.utf-\?8" ||
+            as_root localedef -i "$name" -f UTF-8 "$name.UTF-8"
+    done
+}
+
+# build PRESET: configures and builds build/PRESET.
+build() {
+    cmake --preset "$1"
+    cmake --build --preset "$1" -j "$(nproc)"
+}
