@@ -1,0 +1,18 @@
+#include "hdrtxts.h"
+
+// The text of an archive's string, which carries its closing zero byte.
+static QString _text(const QByteArray &string)
+{
+    return QString::fromUtf8(string.constData());
+}
+
+cHdrTxts::cHdrTxts(QObject *parent) : QObject(parent) {}
+
+void cHdrTxts::slot_Data(const HDR_T &d)
+{
+    Q_EMIT signal_Data(HDRTXT_TITLE, _text(d.title));
+    for (const STREAM_T &stream : d.streams) {
+        if (stream.type != STREAM_NONE)
+            Q_EMIT signal_Data(stream.id, _text(stream.textB));
+    }
+}
