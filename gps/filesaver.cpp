@@ -1,0 +1,17 @@
+#include "filesaver.h"
+
+cFileSaver::cFileSaver(const QString &fileName, QObject *parent) : QObject(parent)
+{
+    m_file.setFileName(fileName);
+    m_file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+}
+
+cFileSaver::~cFileSaver()
+{
+    m_file.close();
+}
+
+void cFileSaver::slot_Data(const QByteArray &a)
+{
+    m_file.write(a.constData(), a.size());
+}

@@ -1,0 +1,257 @@
+#include "nmea.h"
+
+#include <QDateTime>
+
+#include <charconv>
+#include <clocale>
+#include <cstring>
+
+// What QDateTime's predecessor of the day gave for a date that cannot be read: all bits of 32 set.
+static constexpr double UNREADABLE_DATE = 4294967295.0;
+
+static constexpr qsizetype NAME_LENGTH = 5;
+static constexpr std::array<QByteArrayView, NMEA_KINDS> NAMES = {"GPGGA", "GPRMC", "PGRME"};
+static constexpr QByteArrayView FIELD_CHARACTERS = "0123456789.,AENMSW+-";
+static constexpr QByteArrayView CHECKSUM_DIGITS = "0123456789ABCDEF";
+static constexpr qsizetype CHECKSUM_LENGTH = 2;
+
+// A text longer than any sentence of a receiver: its memory is let go.
+static constexpr qsizetype TEXT_KEPT = 4096;
+
+// For each byte, whether it is one of the characters given.
+static constexpr std::array<bool, 256> _tableOf(QByteArrayView characters)
+{
+    std::array<bool, 256> table{};
+    for (const char c : characters)
+        table[static_cast<unsigned char>(c)] = true;
+    return table;
+}
+
+static constexpr std::array<bool, 256> IS_FIELD_CHARACTER = _tableOf(FIELD_CHARACTERS);
+static constexpr std::array<bool, 256> IS_CHECKSUM_DIGIT = _tableOf(CHECKSUM_DIGITS);
+
+static bool _isIn(const std::array<bool, 256> &table, char c)
+{
+    return table[static_cast<unsigned char>(c)];
+}
+
+// The part of a field from pos on, n characters at most: empty where there is none.
+static QByteArrayView _mid(QByteArrayView field, qsizetype pos, qsizetype n)
+{
+    if (pos >= field.size())
+        return {};
+    return field.sliced(pos, qMin(n, field.size() - pos));
+}
+
+static QByteArrayView _right(QByteArrayView field, qsizetype n)
+{
+    return field.last(qMin(n, field.size()));
+}
+
+cNmea::cNmea(QObject *parent) : QObject(parent), m_date(UNREADABLE_DATE) {}
+
+void cNmea::slot_Data(const QByteArray &a)
+{
+    const char *p = a.constData();
+    const char *const end = p + qstrnlen(p, size_t(a.size()));
+    while (p < end)
+        p = _take(p, end);
+}
+
+// Takes what the state at hand can use of the bytes from p to end and returns where to go on. A
+// byte that the sentence at hand cannot have is left: it may be the dollar sign of the next one.
+const char *cNmea::_take(const char *p, const char *end)
+{
+    if (m_state == STATE_SKIP) {
+        const void *const dollar = std::memchr(p, '$', size_t(end - p));
+        if (!dollar)
+            return end;
+        if (m_text.capacity() > TEXT_KEPT)
+            m_text = QByteArray();
+        m_text.resize(0);
+        m_state = STATE_NAME;
+        return static_cast<const char *>(dollar) + 1;
+    }
+    if (*p == '\r' || *p == '\n')
+        return p + 1;
+    if (m_state == STATE_NAME) {
+        if (_extendName(*p))
+            return p + 1;
+    } else if (m_state == STATE_FIELDS) {
+        const char *run = p;
+        while (run < end && _isIn(IS_FIELD_CHARACTER, *run))
+            ++run;
+        m_text.append(p, run - p);
+        if (run == end || *run == '\r' || *run == '\n')
+            return run;
+        p = run;
+        if (*p == '*' && m_text.size() > NAME_LENGTH) {
+            m_star = m_text.size();
+            m_text.append('*');
+            m_state = STATE_CHECKSUM;
+            return p + 1;
+        }
+    } else if (_isIn(IS_CHECKSUM_DIGIT, *p)) {
+        m_text.append(*p);
+        if (m_text.size() == m_star + 1 + CHECKSUM_LENGTH) {
+            m_state = STATE_SKIP;
+            _sentence();
+        }
+        return p + 1;
+    }
+    _giveUp();
+    return p;
+}
+
+// Adds c to the sentence's name. False: no sentence that is read begins like this.
+bool cNmea::_extendName(char c)
+{
+    m_text.append(c);
+    for (int kind = 0; kind < NMEA_KINDS; ++kind) {
+        if (NAMES[size_t(kind)].startsWith(m_text)) {
+            m_kind = kind;
+            if (m_text.size() == NAME_LENGTH)
+                m_state = STATE_FIELDS;
+            return true;
+        }
+    }
+    return false;
+}
+
+void cNmea::_giveUp()
+{
+    if (m_state != STATE_NAME)
+        ++m_account.malformed[size_t(m_kind)];
+    m_state = STATE_SKIP;
+}
+
+// Reads the whole sentence that m_text holds.
+void cNmea::_sentence()
+{
+    const QByteArrayView text(m_text);
+    if (_nmeaChecksum(text.first(m_star)) != text.sliced(m_star + 1)) {
+        ++m_account.badChecksum[size_t(m_kind)];
+        return;
+    }
+    const bool complete = _splitFields(text.sliced(NAME_LENGTH, m_star - NAME_LENGTH));
+    if (!complete && m_kind != NMEA_PGRME) {
+        ++m_account.tooFewFields[size_t(m_kind)];
+        return;
+    }
+    ++m_account.accepted[size_t(m_kind)];
+    if (m_kind == NMEA_GPGGA)
+        _gpgga();
+    else if (m_kind == NMEA_GPRMC)
+        _gprmc();
+    else
+        _pgrme();
+    if (m_fix.valid) {
+        ++m_account.points;
+        Q_EMIT signal_Data(m_fix);
+    }
+}
+
+// Sets m_fields to the fields behind the first comma. False: there are fewer than are read.
+bool cNmea::_splitFields(QByteArrayView fields)
+{
+    qsizetype comma = fields.indexOf(',');
+    for (QByteArrayView &field : m_fields) {
+        if (comma < 0)
+            return false;
+        const qsizetype begin = comma + 1;
+        comma = fields.indexOf(',', begin);
+        field = fields.sliced(begin, (comma < 0 ? fields.size() : comma) - begin);
+    }
+    return true;
+}
+
+// The checksum digits that belong to a sentence, given from its name up to the asterisk.
+QByteArray cNmea::_nmeaChecksum(QByteArrayView sentence)
+{
+    unsigned char sum = 0;
+    for (const char c : sentence)
+        sum ^= static_cast<unsigned char>(c);
+    const std::array<char, 2> digits = {CHECKSUM_DIGITS[sum >> 4], CHECKSUM_DIGITS[sum & 15]};
+    return QByteArray(digits.data(), digits.size());
+}
+
+void cNmea::_gpgga()
+{
+    m_fix.time = _getTime(_field(0));
+    m_fix.lat = _getDegreese(_field(1));
+    if (_field(2) != "N")
+        m_fix.lat = -m_fix.lat;
+    m_fix.lon = _getDegreese(_field(3));
+    if (_field(4) != "E")
+        m_fix.lon = -m_fix.lon;
+    m_fix.alt = _getDouble(_field(8));
+}
+
+void cNmea::_gprmc()
+{
+    m_fix.time = _getTime(_field(0));
+    m_fix.valid = _field(1) == "A";
+    m_fix.lat = _getDegreese(_field(2));
+    if (_field(3) != "N")
+        m_fix.lat = -m_fix.lat;
+    m_fix.lon = _getDegreese(_field(4));
+    if (_field(5) != "E")
+        m_fix.lon = -m_fix.lon;
+    m_fix.speed = _getDouble(_field(6)) * KNOTS_TO_MPS;
+    m_fix.course = _getDouble(_field(7));
+    m_fix.date = _getDate(_field(8));
+}
+
+// The receiver's error estimate: read by nobody, but the sentence counts as one.
+void cNmea::_pgrme() {}
+
+// The longest number that the field begins with, 0 if there is none: what strtod gives in the C
+// locale, whatever the locale of the process.
+double cNmea::_getDouble(QByteArrayView field)
+{
+    const char *begin = field.begin();
+    if (field.startsWith('+')) {
+        ++begin;
+        if (begin < field.end() && *begin == '-')
+            return 0;
+    }
+    double value = 0;
+    const auto [end, error] = std::from_chars(begin, field.end(), value);
+    if (error == std::errc::result_out_of_range) {
+        // from_chars does not tell too large from too small.
+        static const locale_t neutral = newlocale(LC_ALL_MASK, "C", nullptr);
+        return strtod_l(QByteArray(begin, end - begin).constData(), nullptr, neutral);
+    }
+    return value;
+}
+
+// dddmm.mmmm as degrees. The split is by position: the last seven characters are the minutes. A
+// field that is shorter counts whole as both.
+double cNmea::_getDegreese(QByteArrayView field)
+{
+    constexpr qsizetype minuteLength = 7;
+    const double deg =
+        _getDouble(field.size() < minuteLength ? field : field.first(field.size() - minuteLength));
+    const double min = _getDouble(_right(field, minuteLength));
+    return (deg * 60 + min) / 60;
+}
+
+// ddmmyy of this century as seconds since 1970 at the beginning of that day in local time.
+double cNmea::_getDate(QByteArrayView field)
+{
+    if (field != m_dateField) {
+        const QString text = QString::fromLatin1(_mid(field, 0, 4)) + QStringLiteral("20") +
+                             QString::fromLatin1(_right(field, 2));
+        const QDateTime midnight = QDateTime::fromString(text, QStringLiteral("ddMMyyyy"));
+        m_date = midnight.isValid() ? double(midnight.toSecsSinceEpoch()) : UNREADABLE_DATE;
+        m_dateField = field.toByteArray();
+    }
+    return m_date;
+}
+
+// hhmmss.sss as seconds.
+double cNmea::_getTime(QByteArrayView field)
+{
+    return _getDouble(_mid(field, 0, 2)) * 3600 + _getDouble(_mid(field, 2, 2)) * 60 +
+           _getDouble(_mid(field, 4, field.size()));
+}
