@@ -1,0 +1,4 @@
+vrktrk_add_test(tst_vrk3parser vrktrk_archive vrktrk_sample)
+vrktrk_add_test(tst_nmea vrktrk_gps vrktrk_sample)
+vrktrk_add_test(tst_tracktext vrktrk_gps)
+vrktrk_add_test(tst_gpschain vrktrk_gps vrktrk_sample)
