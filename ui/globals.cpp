@@ -1,0 +1,5 @@
+#include "globals.h"
+
+PARAMS_T *gParams = nullptr;
+ZelWindow *gZelWindow = nullptr;
+CWinMain *gMainWindow = nullptr;

@@ -1,0 +1,54 @@
+#include "winmain.h"
+
+#include "globals.h"
+#include "zelwindow.h"
+
+#include <QPushButton>
+#include <QShortcut>
+
+CWinMain::CWinMain(QWidget *parent) : QMainWindow(parent)
+{
+    ui.setupUi(this);
+    // The order counts: the choice has to be noted before the frame closes.
+    connect(ui.buttonBox, SIGNAL(accepted()), this, SLOT(onOK()));
+    connect(ui.buttonBox, SIGNAL(accepted()), gZelWindow, SLOT(close()));
+    connect(ui.buttonBox, SIGNAL(rejected()), gZelWindow, SLOT(close()));
+    gParams->action = 0;
+    _addShortcuts();
+}
+
+CWinMain::~CWinMain() = default;
+
+void CWinMain::onOK()
+{
+    const struct {
+        QRadioButton *button;
+        QString filter;
+    } formats[] = {
+        {ui.rbFormatRaw, tr("Raw GPS output file (*.txt)")},
+        {ui.rbFormatGpx, tr("GPS Exchange Format (*.gpx)")},
+        {ui.rbFormatPlt, tr("OziExplorer track (*.plt)")},
+        {ui.rbFormatKml, tr("GoogleEarth track (*.kml)")},
+        {nullptr, {}},
+    };
+    for (const auto *format = formats; format->button; ++format) {
+        if (format->button->isChecked()) {
+            gParams->filter = format->filter;
+            break;
+        }
+    }
+    gParams->action = 1;
+}
+
+void CWinMain::_addShortcuts()
+{
+    // Return belongs to this form alone: on a button of the title bar it is not meant for OK.
+    auto *accept = new QShortcut(this);
+    accept->setKeys({Qt::Key_Return, Qt::Key_Enter});
+    accept->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(accept, SIGNAL(activated()), ui.buttonBox->button(QDialogButtonBox::Ok),
+            SLOT(click()));
+    auto *reject = new QShortcut(Qt::Key_Escape, this);
+    connect(reject, SIGNAL(activated()), ui.buttonBox->button(QDialogButtonBox::Cancel),
+            SLOT(click()));
+}

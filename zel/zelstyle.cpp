@@ -1,0 +1,89 @@
+#include "zelstyle.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+namespace
+{
+// The colour of small texts in the forms is also the accent of the style.
+constexpr QRgb ACCENT = 0xffc0c0ff;
+constexpr QRgb OUTLINE = 0xff8a90a6;
+
+struct COLOUR_T {
+    QPalette::ColorRole role;
+    QRgb colour;
+};
+
+constexpr COLOUR_T COLOURS[] = {
+    {QPalette::Window, 0xff23252e},          {QPalette::WindowText, 0xffeceef4},
+    {QPalette::Base, 0xff191b22},            {QPalette::AlternateBase, 0xff1f222a},
+    {QPalette::Text, 0xffeceef4},            {QPalette::Button, 0xff363a48},
+    {QPalette::ButtonText, 0xfff2f3f8},      {QPalette::BrightText, 0xffffb0b0},
+    {QPalette::Light, 0xff4b5063},           {QPalette::Midlight, 0xff3f4456},
+    {QPalette::Mid, 0xff1d1f27},             {QPalette::Dark, 0xff15161b},
+    {QPalette::Shadow, 0xff0b0c0f},          {QPalette::Highlight, 0xff3450ad},
+    {QPalette::HighlightedText, 0xffffffff}, {QPalette::Link, 0xff9fb8ff},
+    {QPalette::LinkVisited, 0xffd2b0ff},     {QPalette::ToolTipBase, 0xff34384a},
+    {QPalette::ToolTipText, 0xfff2f3f8},     {QPalette::PlaceholderText, 0xffa8adbd},
+};
+
+constexpr COLOUR_T DISABLED[] = {
+    {QPalette::WindowText, 0xff858a9a}, {QPalette::Text, 0xff858a9a},
+    {QPalette::ButtonText, 0xff858a9a}, {QPalette::Highlight, 0xff4b5063},
+    {QPalette::HighlightedText, 0xffc8cbd6},
+};
+
+void _drawFocus(const QStyleOption *option, QPainter *painter)
+{
+    painter->setPen(QPen(QColor::fromRgba(ACCENT), 1.5));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.75, 0.75, -0.75, -0.75), 2, 2);
+}
+
+// Fusion outlines the button in a shade of the window, which is lost on a dark ground.
+void _drawRadioButton(const QStyleOption *option, QPainter *painter)
+{
+    const bool enabled = option->state & QStyle::State_Enabled;
+    const bool hovered = enabled && (option->state & QStyle::State_MouseOver);
+    const QRectF circle = QRectF(option->rect).adjusted(0.75, 0.75, -0.75, -0.75);
+    const QPalette &palette = option->palette;
+
+    painter->setPen(QPen(QColor::fromRgba(hovered ? ACCENT : OUTLINE), 1.2));
+    painter->setBrush(option->state & QStyle::State_Sunken ? palette.midlight() : palette.base());
+    painter->drawEllipse(circle);
+    if (option->state & QStyle::State_On) {
+        const qreal inset = circle.width() * 0.26;
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(enabled ? QColor::fromRgba(ACCENT) : palette.color(QPalette::Text));
+        painter->drawEllipse(circle.adjusted(inset, inset, -inset, -inset));
+    }
+}
+} // namespace
+
+ZelStyle::ZelStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+QPalette ZelStyle::standardPalette() const
+{
+    QPalette palette;
+    for (const COLOUR_T &entry : COLOURS)
+        palette.setColor(entry.role, QColor::fromRgba(entry.colour));
+    for (const COLOUR_T &entry : DISABLED)
+        palette.setColor(QPalette::Disabled, entry.role, QColor::fromRgba(entry.colour));
+    return palette;
+}
+
+void ZelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                             QPainter *painter, const QWidget *widget) const
+{
+    if (element != PE_FrameFocusRect && element != PE_IndicatorRadioButton) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (element == PE_FrameFocusRect)
+        _drawFocus(option, painter);
+    else
+        _drawRadioButton(option, painter);
+    painter->restore();
+}

@@ -1,0 +1,271 @@
+#include "zelwindow.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QHoverEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
+#include <QToolButton>
+#include <QWindow>
+
+namespace
+{
+constexpr int BORDER = 1;
+// How near to an edge the mouse has to be to resize, and how far along it a corner reaches.
+constexpr int GRIP = 5;
+constexpr int CORNER = 14;
+
+Qt::CursorShape _cursorFor(Qt::Edges edges)
+{
+    if (edges == (Qt::TopEdge | Qt::LeftEdge) || edges == (Qt::BottomEdge | Qt::RightEdge))
+        return Qt::SizeFDiagCursor;
+    if (edges == (Qt::TopEdge | Qt::RightEdge) || edges == (Qt::BottomEdge | Qt::LeftEdge))
+        return Qt::SizeBDiagCursor;
+    return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
+}
+} // namespace
+
+// A button of the title bar. Its sign is drawn and not loaded, so that it is sharp at any scale and
+// has the colour of the palette.
+class ZelWindowTitle::Button : public QToolButton
+{
+public:
+    enum Sign { Minimise, Maximise, Restore, Close };
+
+    Button(QWidget *parent, Sign sign, const QString &name) : QToolButton(parent)
+    {
+        setAutoRaise(true);
+        setFocusPolicy(Qt::TabFocus);
+        // The arrows of the window's edges end where a button begins.
+        setCursor(Qt::ArrowCursor);
+        setSign(sign, name);
+    }
+
+    void setSign(Sign sign, const QString &name)
+    {
+        mSign = sign;
+        setAccessibleName(name);
+        setToolTip(name);
+        update();
+    }
+
+    QSize sizeHint() const override { return {28, 22}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QStylePainter painter(this);
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        painter.drawComplexControl(QStyle::CC_ToolButton, option);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(foregroundRole()), 1.3));
+        painter.translate(QRectF(rect()).center());
+        _drawSign(&painter);
+    }
+
+private:
+    void _drawSign(QPainter *painter) const
+    {
+        switch (mSign) {
+        case Minimise:
+            painter->drawLine(QPointF(-4.5, 3.5), QPointF(4.5, 3.5));
+            break;
+        case Maximise:
+            painter->drawRect(QRectF(-4.5, -4.5, 9, 9));
+            break;
+        case Restore:
+            painter->drawRect(QRectF(-4.5, -1.5, 6, 6));
+            painter->drawPolyline(QPolygonF({{-1.5, -4.5}, {4.5, -4.5}, {4.5, 1.5}}));
+            break;
+        case Close:
+            painter->drawLine(QPointF(-4.5, -4.5), QPointF(4.5, 4.5));
+            painter->drawLine(QPointF(-4.5, 4.5), QPointF(4.5, -4.5));
+            break;
+        }
+    }
+
+    Sign mSign = Close;
+};
+
+ZelWindowTitle::ZelWindowTitle(ZelWindow *window)
+    : QWidget(window),
+      mText(new QLabel(this)),
+      mMaximise(new Button(this, Button::Maximise, tr("Развернуть")))
+{
+    auto *minimise = new Button(this, Button::Minimise, tr("Свернуть"));
+    auto *close = new Button(this, Button::Close, tr("Закрыть"));
+    setTabOrder(minimise, mMaximise);
+    connect(minimise, SIGNAL(clicked()), window, SLOT(showMinimized()));
+    connect(mMaximise, SIGNAL(clicked()), window, SLOT(_slot_Maximise()));
+    connect(close, SIGNAL(clicked()), window, SLOT(close()));
+
+    setAutoFillBackground(true);
+    mText->setTextFormat(Qt::RichText);
+    // A long text is cut rather than making the window wider.
+    mText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    // The text is no obstacle to dragging.
+    mText->setAttribute(Qt::WA_TransparentForMouseEvents);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(9, 1, 4, 1);
+    layout->setSpacing(2);
+    layout->addWidget(mText, 1);
+    layout->addWidget(minimise);
+    layout->addWidget(mMaximise);
+    layout->addWidget(close);
+}
+
+void ZelWindowTitle::setHiddenDevice(bool) {}
+
+void ZelWindowTitle::_setText(const QString &richText)
+{
+    mText->setText(richText);
+}
+
+void ZelWindowTitle::_showState(bool active, bool maximised)
+{
+    setBackgroundRole(active ? QPalette::Button : QPalette::Window);
+    if (maximised)
+        mMaximise->setSign(Button::Restore, tr("Восстановить"));
+    else
+        mMaximise->setSign(Button::Maximise, tr("Развернуть"));
+}
+
+ZelWindow::ZelWindow(QWidget *parent, Qt::WindowFlags flags)
+    : QWidget(parent, flags | Qt::Window | Qt::FramelessWindowHint), mTitle(new ZelWindowTitle(this))
+{
+    // Tells where the mouse is also while it is over a child.
+    setAttribute(Qt::WA_Hover);
+    auto *layout = new QVBoxLayout(this);
+    layout->setSpacing(0);
+    // A stored geometry is to come back as it was, however small.
+    layout->setSizeConstraint(QLayout::SetNoConstraint);
+    layout->addWidget(mTitle);
+    _showState();
+}
+
+void ZelWindow::setCentralWidget(QWidget *widget)
+{
+    qobject_cast<QVBoxLayout *>(layout())->addWidget(widget, 1);
+    QWidget *first = widget;
+    while (first != this && !(first->focusPolicy() & Qt::TabFocus))
+        first = first->nextInFocusChain();
+    first->setFocus(Qt::TabFocusReason);
+}
+
+void ZelWindow::setWindowTitle(const QString &richText)
+{
+    mTitle->_setText(richText);
+}
+
+ZelWindowTitle *ZelWindow::zelWindowTitle() const
+{
+    return mTitle;
+}
+
+bool ZelWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::HoverMove) {
+        const auto *hover = static_cast<QHoverEvent *>(event);
+        const Qt::Edges edges = _edgesAt(hover->position().toPoint());
+        if (edges)
+            setCursor(_cursorFor(edges));
+        else
+            unsetCursor();
+    }
+    return QWidget::event(event);
+}
+
+void ZelWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::WindowStateChange || event->type() == QEvent::ActivationChange)
+        _showState();
+    QWidget::changeEvent(event);
+}
+
+void ZelWindow::paintEvent(QPaintEvent *)
+{
+    if (isMaximized())
+        return;
+    QPainter painter(this);
+    const QRect inner = rect().adjusted(BORDER, BORDER, -BORDER, -BORDER);
+    painter.setClipRegion(QRegion(rect()) - inner);
+    painter.fillRect(rect(), palette().color(isActiveWindow() ? QPalette::PlaceholderText : QPalette::Light));
+}
+
+void ZelWindow::mousePressEvent(QMouseEvent *event)
+{
+    mPressed.reset();
+    if (event->button() != Qt::LeftButton)
+        return;
+    const QPoint position = event->position().toPoint();
+    if (const Qt::Edges edges = _edgesAt(position)) {
+        // Only for the hand on the edge: a stored size may well be smaller.
+        windowHandle()->setMinimumSize(minimumSizeHint());
+        windowHandle()->startSystemResize(edges);
+    } else if (_isOnTitle(position)) {
+        mPressed = position;
+    }
+}
+
+void ZelWindow::mouseMoveEvent(QMouseEvent *event)
+{
+    // Not at once when the button is pressed, for the window system would then swallow the second
+    // press of a double click.
+    if (!mPressed)
+        return;
+    const QPoint way = event->position().toPoint() - *mPressed;
+    if (way.manhattanLength() >= QApplication::startDragDistance()) {
+        mPressed.reset();
+        windowHandle()->startSystemMove();
+    }
+}
+
+void ZelWindow::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QPoint position = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && !_edgesAt(position) && _isOnTitle(position))
+        _slot_Maximise();
+}
+
+void ZelWindow::_slot_Maximise()
+{
+    if (isMaximized())
+        showNormal();
+    else
+        showMaximized();
+}
+
+Qt::Edges ZelWindow::_edgesAt(const QPoint &position) const
+{
+    if (isMaximized())
+        return {};
+    const QRect inner = rect().adjusted(GRIP, GRIP, -GRIP, -GRIP);
+    if (inner.contains(position))
+        return {};
+    const QRect middle = rect().adjusted(CORNER, CORNER, -CORNER, -CORNER);
+    Qt::Edges edges;
+    edges.setFlag(Qt::LeftEdge, position.x() < middle.left());
+    edges.setFlag(Qt::RightEdge, position.x() > middle.right());
+    edges.setFlag(Qt::TopEdge, position.y() < middle.top());
+    edges.setFlag(Qt::BottomEdge, position.y() > middle.bottom());
+    return edges;
+}
+
+bool ZelWindow::_isOnTitle(const QPoint &position) const
+{
+    return mTitle->geometry().contains(position);
+}
+
+void ZelWindow::_showState()
+{
+    const int margin = isMaximized() ? 0 : BORDER;
+    layout()->setContentsMargins(margin, margin, margin, margin);
+    mTitle->_showState(isActiveWindow(), isMaximized());
+    update();
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QWidget>
+
+#include <optional>
+
+class QLabel;
+class ZelWindow;
+
+// The title bar of a ZelWindow: two lines of rich text and buttons to minimise, maximise and close.
+class ZelWindowTitle : public QWidget
+{
+    Q_OBJECT
+public:
+    // Some programs that share this frame name a connected device in the title bar. This title bar
+    // has no place for a device, so none is shown whatever is asked for.
+    void setHiddenDevice(bool hidden);
+
+private:
+    friend class ZelWindow;
+    class Button;
+
+    explicit ZelWindowTitle(ZelWindow *window);
+    void _setText(const QString &richText);
+    void _showState(bool active, bool maximised);
+
+    QLabel *mText;
+    Button *mMaximise;
+};
+
+// A top-level window that draws its own border and title bar. Dragging the title bar moves it, a
+// double click there maximises and restores it, edges and corners resize it. Moving and resizing
+// themselves are the window system's (X11 or Wayland).
+class ZelWindow : public QWidget
+{
+    Q_OBJECT
+public:
+    // parent and flags as for any QWidget; the window system never gives it a frame.
+    explicit ZelWindow(QWidget *parent = nullptr, Qt::WindowFlags flags = {});
+
+    // Puts the widget under the title bar and takes it over. It is shown with the window and gets
+    // the keyboard first. To be called once.
+    void setCentralWidget(QWidget *widget);
+
+    // The text of the title bar, as rich text. The plain title, which task bars show, is set with
+    // QWidget::setWindowTitle.
+    void setWindowTitle(const QString &richText);
+
+    // The title bar; it belongs to the window.
+    ZelWindowTitle *zelWindowTitle() const;
+
+protected:
+    bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+
+private Q_SLOTS:
+    void _slot_Maximise();
+
+private:
+    Qt::Edges _edgesAt(const QPoint &position) const;
+    bool _isOnTitle(const QPoint &position) const;
+    void _showState();
+
+    ZelWindowTitle *mTitle;
+    // Where the title bar was pressed, as long as that can still become a drag.
+    std::optional<QPoint> mPressed;
+};
