@@ -1,11 +1,13 @@
-#pragma once
+#ifndef DLGPROGRESS_H
+#define DLGPROGRESS_H
 
 #include "ui_dlgprogress.h"
 
 #include <QDialog>
 
 // Shows how much of the input has been read. It does nothing by itself: the run sets ui.progressBar
-// (0 to 100) and stops when it finds the dialog hidden, which is what Cancel, Escape and closing do.
+// (0 to 100) and stops when it finds the dialog hidden, which is what Cancel, Escape and closing
+// do.
 class cDlgProgress : public QDialog
 {
     Q_OBJECT
@@ -15,3 +17,5 @@ public:
 
     Ui_Dialog ui;
 };
+
+#endif

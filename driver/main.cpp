@@ -47,8 +47,7 @@ void _createMainframe()
     gMainWindow = new CWinMain;
     const QString title = gMainWindow->windowTitle();
     gZelWindow->setWindowTitle(R"(<i><FONT size="-1">)" + title +
-                               R"(</FONT><FONT size="1" align=right>&nbsp;<br>)" +
-                               "</FONT></i>");
+                               R"(</FONT><FONT size="1" align=right>&nbsp;<br>)" + "</FONT></i>");
     gZelWindow->QWidget::setWindowTitle(title);
     gZelWindow->setCentralWidget(gMainWindow);
     gZelWindow->zelWindowTitle()->setHiddenDevice(true);
@@ -59,11 +58,11 @@ void _createMainframe()
 // Each input's name with the extension that stands in the brackets of the filter text.
 void _proposeOutputs()
 {
-    static const QRegularExpression filterExtension(
-        QStringLiteral(R"(^.*\(*(\..+)\)\z)"), QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression filterExtension(QStringLiteral(R"(^.*\(*(\..+)\)\z)"),
+                                                    QRegularExpression::DotMatchesEverythingOption);
     // Letters of all scripts, also those that are written as a letter and a mark.
-    static const QRegularExpression nameExtension(
-        QStringLiteral(R"(\.[\w\p{M}]+\z)"), QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression nameExtension(QStringLiteral(R"(\.[\w\p{M}]+\z)"),
+                                                  QRegularExpression::UseUnicodePropertiesOption);
 
     const QString extension = filterExtension.match(gParams->filter).captured(1);
     gParams->outputs.clear();
@@ -85,8 +84,8 @@ void _askOutput(const QFile &input)
     QString name;
     // Writing empties the file at once, so the input itself cannot be the output.
     do {
-        name = QFileDialog::getSaveFileName(nullptr, QObject::tr("Save"), proposal,
-                                            gParams->filter);
+        name =
+            QFileDialog::getSaveFileName(nullptr, QObject::tr("Save"), proposal, gParams->filter);
     } while (!name.isEmpty() && _isSameFile(input, name));
     gParams->outputs.clear();
     if (!name.isEmpty())
@@ -137,6 +136,7 @@ int main(int argc, char **argv)
     QGuiApplication::setDesktopFileName(QStringLiteral("vrktrk"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/resources/halvorant_vrktrk.ico")));
     std::setlocale(LC_CTYPE, "");
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application takes it over.
     QApplication::setStyle(new ZelStyle);
     QApplication::setPalette(QApplication::style()->standardPalette());
     _classifyArguments(argc, argv);

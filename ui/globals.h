@@ -1,4 +1,5 @@
-#pragma once
+#ifndef GLOBALS_H
+#define GLOBALS_H
 
 #include <QString>
 #include <QStringList>
@@ -17,8 +18,8 @@ struct PARAMS_T {
     QStringList inputs;
     // First a proposal for each input; after the Save dialog the one chosen name, or nothing.
     QStringList outputs;
-    // The translated text of the chosen format, such as "GPS Exchange Format (*.gpx)": the filter of
-    // the Save dialog, the selector of the writer and the source of the extension.
+    // The translated text of the chosen format, such as "GPS Exchange Format (*.gpx)": the filter
+    // of the Save dialog, the selector of the writer and the source of the extension.
     QString filter;
     // What follows the format choice: 1 to extract, 0 for nothing. Set by CWinMain.
     qint32 action = 0;
@@ -29,3 +30,5 @@ extern PARAMS_T *gParams;
 // The frame and the format choice inside it: made by main once an input is known, never freed.
 extern ZelWindow *gZelWindow;
 extern CWinMain *gMainWindow;
+
+#endif

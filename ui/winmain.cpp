@@ -46,9 +46,6 @@ void CWinMain::_addShortcuts()
     auto *accept = new QShortcut(this);
     accept->setKeys({Qt::Key_Return, Qt::Key_Enter});
     accept->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(accept, SIGNAL(activated()), ui.buttonBox->button(QDialogButtonBox::Ok),
-            SLOT(click()));
-    auto *reject = new QShortcut(Qt::Key_Escape, this);
-    connect(reject, SIGNAL(activated()), ui.buttonBox->button(QDialogButtonBox::Cancel),
-            SLOT(click()));
+    connect(accept, SIGNAL(activated()), ui.buttonBox->button(QDialogButtonBox::Ok), SLOT(click()));
+    ui.buttonBox->button(QDialogButtonBox::Cancel)->setShortcut(Qt::Key_Escape);
 }

@@ -1,4 +1,5 @@
-#pragma once
+#ifndef WINMAIN_H
+#define WINMAIN_H
 
 #include "ui_winmain.h"
 
@@ -23,3 +24,5 @@ private:
 
     Ui_MainWindow ui;
 };
+
+#endif

@@ -15,21 +15,31 @@ struct COLOUR_T {
 };
 
 constexpr COLOUR_T COLOURS[] = {
-    {QPalette::Window, 0xff23252e},          {QPalette::WindowText, 0xffeceef4},
-    {QPalette::Base, 0xff191b22},            {QPalette::AlternateBase, 0xff1f222a},
-    {QPalette::Text, 0xffeceef4},            {QPalette::Button, 0xff363a48},
-    {QPalette::ButtonText, 0xfff2f3f8},      {QPalette::BrightText, 0xffffb0b0},
-    {QPalette::Light, 0xff4b5063},           {QPalette::Midlight, 0xff3f4456},
-    {QPalette::Mid, 0xff1d1f27},             {QPalette::Dark, 0xff15161b},
-    {QPalette::Shadow, 0xff0b0c0f},          {QPalette::Highlight, 0xff3450ad},
-    {QPalette::HighlightedText, 0xffffffff}, {QPalette::Link, 0xff9fb8ff},
-    {QPalette::LinkVisited, 0xffd2b0ff},     {QPalette::ToolTipBase, 0xff34384a},
-    {QPalette::ToolTipText, 0xfff2f3f8},     {QPalette::PlaceholderText, 0xffa8adbd},
+    {QPalette::Window, 0xff23252e},
+    {QPalette::WindowText, 0xffeceef4},
+    {QPalette::Base, 0xff191b22},
+    {QPalette::AlternateBase, 0xff1f222a},
+    {QPalette::Text, 0xffeceef4},
+    {QPalette::Button, 0xff363a48},
+    {QPalette::ButtonText, 0xfff2f3f8},
+    {QPalette::BrightText, 0xffffb0b0},
+    {QPalette::Light, 0xff4b5063},
+    {QPalette::Midlight, 0xff3f4456},
+    {QPalette::Mid, 0xff1d1f27},
+    {QPalette::Dark, 0xff15161b},
+    {QPalette::Shadow, 0xff0b0c0f},
+    {QPalette::Highlight, 0xff3450ad},
+    {QPalette::HighlightedText, 0xffffffff},
+    {QPalette::Link, 0xff9fb8ff},
+    {QPalette::LinkVisited, 0xffd2b0ff},
+    {QPalette::ToolTipBase, 0xff34384a},
+    {QPalette::ToolTipText, 0xfff2f3f8},
+    {QPalette::PlaceholderText, 0xffa8adbd},
 };
 
 constexpr COLOUR_T DISABLED[] = {
-    {QPalette::WindowText, 0xff858a9a}, {QPalette::Text, 0xff858a9a},
-    {QPalette::ButtonText, 0xff858a9a}, {QPalette::Highlight, 0xff4b5063},
+    {QPalette::WindowText, 0xff858a9a},      {QPalette::Text, 0xff858a9a},
+    {QPalette::ButtonText, 0xff858a9a},      {QPalette::Highlight, 0xff4b5063},
     {QPalette::HighlightedText, 0xffc8cbd6},
 };
 
@@ -86,4 +96,13 @@ void ZelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
     else
         _drawRadioButton(option, painter);
     painter->restore();
+}
+
+int ZelStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                        QStyleHintReturn *returnData) const
+{
+    // The pictures are made for light grounds.
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returnData);
 }

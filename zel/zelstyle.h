@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZELSTYLE_H
+#define ZELSTYLE_H
 
 #include <QPalette>
 #include <QProxyStyle>
@@ -13,7 +14,12 @@ class ZelStyle : public QProxyStyle
 public:
     ZelStyle();
 
-    QPalette standardPalette() const override;
+    [[nodiscard]] QPalette standardPalette() const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget = nullptr) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option = nullptr,
+                  const QWidget *widget = nullptr,
+                  QStyleHintReturn *returnData = nullptr) const override;
 };
+
+#endif

@@ -26,6 +26,14 @@ Qt::CursorShape _cursorFor(Qt::Edges edges)
         return Qt::SizeBDiagCursor;
     return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
 }
+
+// Whether the keyboard may begin here: of buttons that exclude each other, at the checked one.
+bool _isEntrance(const QWidget *widget)
+{
+    const auto *button = qobject_cast<const QAbstractButton *>(widget);
+    const bool passedOver = button && button->autoExclusive() && !button->isChecked();
+    return (widget->focusPolicy() & Qt::TabFocus) && !passedOver;
+}
 } // namespace
 
 // A button of the title bar. Its sign is drawn and not loaded, so that it is sharp at any scale and
@@ -46,14 +54,14 @@ public:
 
     void setSign(Sign sign, const QString &name)
     {
-        mSign = sign;
+        m_sign = sign;
         setAccessibleName(name);
         setToolTip(name);
         update();
     }
 
-    QSize sizeHint() const override { return {28, 22}; }
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize sizeHint() const override { return {28, 22}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent *) override
@@ -71,7 +79,7 @@ protected:
 private:
     void _drawSign(QPainter *painter) const
     {
-        switch (mSign) {
+        switch (m_sign) {
         case Minimise:
             painter->drawLine(QPointF(-4.5, 3.5), QPointF(4.5, 3.5));
             break;
@@ -89,34 +97,32 @@ private:
         }
     }
 
-    Sign mSign = Close;
+    Sign m_sign = Close;
 };
 
-ZelWindowTitle::ZelWindowTitle(ZelWindow *window)
-    : QWidget(window),
-      mText(new QLabel(this)),
-      mMaximise(new Button(this, Button::Maximise, tr("Развернуть")))
+ZelWindowTitle::ZelWindowTitle(ZelWindow *window) : QWidget(window), m_text(new QLabel(this))
 {
+    // Made in the order of the keyboard focus.
     auto *minimise = new Button(this, Button::Minimise, tr("Свернуть"));
+    m_maximise = new Button(this, Button::Maximise, tr("Развернуть"));
     auto *close = new Button(this, Button::Close, tr("Закрыть"));
-    setTabOrder(minimise, mMaximise);
     connect(minimise, SIGNAL(clicked()), window, SLOT(showMinimized()));
-    connect(mMaximise, SIGNAL(clicked()), window, SLOT(_slot_Maximise()));
+    connect(m_maximise, SIGNAL(clicked()), window, SLOT(_slot_Maximise()));
     connect(close, SIGNAL(clicked()), window, SLOT(close()));
 
     setAutoFillBackground(true);
-    mText->setTextFormat(Qt::RichText);
+    m_text->setTextFormat(Qt::RichText);
     // A long text is cut rather than making the window wider.
-    mText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     // The text is no obstacle to dragging.
-    mText->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_text->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(9, 1, 4, 1);
     layout->setSpacing(2);
-    layout->addWidget(mText, 1);
+    layout->addWidget(m_text, 1);
     layout->addWidget(minimise);
-    layout->addWidget(mMaximise);
+    layout->addWidget(m_maximise);
     layout->addWidget(close);
 }
 
@@ -124,20 +130,21 @@ void ZelWindowTitle::setHiddenDevice(bool) {}
 
 void ZelWindowTitle::_setText(const QString &richText)
 {
-    mText->setText(richText);
+    m_text->setText(richText);
 }
 
 void ZelWindowTitle::_showState(bool active, bool maximised)
 {
     setBackgroundRole(active ? QPalette::Button : QPalette::Window);
     if (maximised)
-        mMaximise->setSign(Button::Restore, tr("Восстановить"));
+        m_maximise->setSign(Button::Restore, tr("Восстановить"));
     else
-        mMaximise->setSign(Button::Maximise, tr("Развернуть"));
+        m_maximise->setSign(Button::Maximise, tr("Развернуть"));
 }
 
 ZelWindow::ZelWindow(QWidget *parent, Qt::WindowFlags flags)
-    : QWidget(parent, flags | Qt::Window | Qt::FramelessWindowHint), mTitle(new ZelWindowTitle(this))
+    : QWidget(parent, flags | Qt::Window | Qt::FramelessWindowHint),
+      m_title(new ZelWindowTitle(this))
 {
     // Tells where the mouse is also while it is over a child.
     setAttribute(Qt::WA_Hover);
@@ -145,7 +152,7 @@ ZelWindow::ZelWindow(QWidget *parent, Qt::WindowFlags flags)
     layout->setSpacing(0);
     // A stored geometry is to come back as it was, however small.
     layout->setSizeConstraint(QLayout::SetNoConstraint);
-    layout->addWidget(mTitle);
+    layout->addWidget(m_title);
     _showState();
 }
 
@@ -153,19 +160,19 @@ void ZelWindow::setCentralWidget(QWidget *widget)
 {
     qobject_cast<QVBoxLayout *>(layout())->addWidget(widget, 1);
     QWidget *first = widget;
-    while (first != this && !(first->focusPolicy() & Qt::TabFocus))
+    while (first != this && !_isEntrance(first))
         first = first->nextInFocusChain();
     first->setFocus(Qt::TabFocusReason);
 }
 
 void ZelWindow::setWindowTitle(const QString &richText)
 {
-    mTitle->_setText(richText);
+    m_title->_setText(richText);
 }
 
 ZelWindowTitle *ZelWindow::zelWindowTitle() const
 {
-    return mTitle;
+    return m_title;
 }
 
 bool ZelWindow::event(QEvent *event)
@@ -195,12 +202,13 @@ void ZelWindow::paintEvent(QPaintEvent *)
     QPainter painter(this);
     const QRect inner = rect().adjusted(BORDER, BORDER, -BORDER, -BORDER);
     painter.setClipRegion(QRegion(rect()) - inner);
-    painter.fillRect(rect(), palette().color(isActiveWindow() ? QPalette::PlaceholderText : QPalette::Light));
+    painter.fillRect(
+        rect(), palette().color(isActiveWindow() ? QPalette::PlaceholderText : QPalette::Light));
 }
 
 void ZelWindow::mousePressEvent(QMouseEvent *event)
 {
-    mPressed.reset();
+    m_pressed.reset();
     if (event->button() != Qt::LeftButton)
         return;
     const QPoint position = event->position().toPoint();
@@ -209,7 +217,7 @@ void ZelWindow::mousePressEvent(QMouseEvent *event)
         windowHandle()->setMinimumSize(minimumSizeHint());
         windowHandle()->startSystemResize(edges);
     } else if (_isOnTitle(position)) {
-        mPressed = position;
+        m_pressed = position;
     }
 }
 
@@ -217,11 +225,11 @@ void ZelWindow::mouseMoveEvent(QMouseEvent *event)
 {
     // Not at once when the button is pressed, for the window system would then swallow the second
     // press of a double click.
-    if (!mPressed)
+    if (!m_pressed)
         return;
-    const QPoint way = event->position().toPoint() - *mPressed;
+    const QPoint way = event->position().toPoint() - *m_pressed;
     if (way.manhattanLength() >= QApplication::startDragDistance()) {
-        mPressed.reset();
+        m_pressed.reset();
         windowHandle()->startSystemMove();
     }
 }
@@ -259,13 +267,13 @@ Qt::Edges ZelWindow::_edgesAt(const QPoint &position) const
 
 bool ZelWindow::_isOnTitle(const QPoint &position) const
 {
-    return mTitle->geometry().contains(position);
+    return m_title->geometry().contains(position);
 }
 
 void ZelWindow::_showState()
 {
     const int margin = isMaximized() ? 0 : BORDER;
     layout()->setContentsMargins(margin, margin, margin, margin);
-    mTitle->_showState(isActiveWindow(), isMaximized());
+    m_title->_showState(isActiveWindow(), isMaximized());
     update();
 }

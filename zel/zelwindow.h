@@ -1,4 +1,5 @@
-#pragma once
+#ifndef ZELWINDOW_H
+#define ZELWINDOW_H
 
 #include <QWidget>
 
@@ -24,8 +25,8 @@ private:
     void _setText(const QString &richText);
     void _showState(bool active, bool maximised);
 
-    QLabel *mText;
-    Button *mMaximise;
+    QLabel *m_text;
+    Button *m_maximise = nullptr;
 };
 
 // A top-level window that draws its own border and title bar. Dragging the title bar moves it, a
@@ -47,7 +48,7 @@ public:
     void setWindowTitle(const QString &richText);
 
     // The title bar; it belongs to the window.
-    ZelWindowTitle *zelWindowTitle() const;
+    [[nodiscard]] ZelWindowTitle *zelWindowTitle() const;
 
 protected:
     bool event(QEvent *event) override;
@@ -61,11 +62,13 @@ private Q_SLOTS:
     void _slot_Maximise();
 
 private:
-    Qt::Edges _edgesAt(const QPoint &position) const;
-    bool _isOnTitle(const QPoint &position) const;
+    [[nodiscard]] Qt::Edges _edgesAt(const QPoint &position) const;
+    [[nodiscard]] bool _isOnTitle(const QPoint &position) const;
     void _showState();
 
-    ZelWindowTitle *mTitle;
+    ZelWindowTitle *m_title;
     // Where the title bar was pressed, as long as that can still become a drag.
-    std::optional<QPoint> mPressed;
+    std::optional<QPoint> m_pressed;
 };
+
+#endif
