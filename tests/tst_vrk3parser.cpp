@@ -50,11 +50,10 @@ static OUTCOME_T _parse(const QByteArray &input, CUT cut, quint32 seed = 1)
         });
     QObject::connect(
         &parser, qOverload<const DATA_T &>(&cVrk3Parser::signal_Data), [&](const DATA_T &d) {
-            outcome.signalled += "DATA " + QByteArray::number(d.streamId) + ':' +
-                                 QByteArray::number(d.stream.type) + " f" +
-                                 QByteArray::number(d.flags, 16) + " e" +
-                                 QByteArray::number(d.extWord) + ' ' + QByteArray::number(d.size) +
-                                 ' ' + d.payload.toPercentEncoding();
+            outcome.signalled +=
+                "DATA " + QByteArray::number(d.streamId) + ':' + QByteArray::number(d.stream.type) +
+                " f" + QByteArray::number(d.flags, 16) + " e" + QByteArray::number(d.extWord) +
+                ' ' + QByteArray::number(d.size) + ' ' + d.payload.toPercentEncoding();
             outcome.payload += d.payload.size();
         });
     _feed(parser, input, cut, seed);
@@ -80,7 +79,8 @@ static void _checkAccount(const OUTCOME_T &outcome, qint64 size)
 
 static const QVector<ARCHIVESTREAM_T> STREAMS = {
     {253, 4, "gps", "GPS", ""}, {1, 1, "", "ext", ""}, {2, 2, "", "", ""},
-    {3, 0, "none", "", ""},     {5, 16, "", "", ""},   {253, 2, "second", "", ""}, {7, 3, "", "", ""}};
+    {3, 0, "none", "", ""},     {5, 16, "", "", ""},   {253, 2, "second", "", ""},
+    {7, 3, "", "", ""}};
 
 static QByteArray _soundArchive()
 {
@@ -161,18 +161,21 @@ void tst_Vrk3Parser::records_data()
     const QByteArrayList exampleSignals = {"HDR T%00 253:4:A%00B%00C%00 t1=X%00", "IDX 1 2 ",
                                            "DATA 253:4 fc0 e0 3 %24GP"};
     QTest::newRow("one of each") << example << exampleSignals << qint64(0);
-    QTest::newRow("sound") << _soundArchive()
-                           << QByteArrayList{
-                                  "HDR Title%00 253:4:gps%00GPS%00%00 1:1:%00ext%00%00 "
-                                  "2:2:%00%00%00 3:0:none%00%00%00 5:16:%00%00%00 "
-                                  "253:2:second%00%00%00 7:3:%00%00%00 t1=again%00 t8=eight%00",
-                                  "IDX 1 2 616263", "DATA 253:4 fc0 e0 3 %24GP",
-                                  "DATA 1:1 fc0 e3000 5 whole",
-                                  "DATA 1:1 fc7 e0 35 0123456789" + QByteArray(20, 'm') + "12345",
-                                  "DATA 2:2 fc0 e0 12 firstB5%B5%B5%05%B5%20",
-                                  "DATA 5:16 fff e0 0 ", "HDR Second%00 253:4:%00%00%00",
-                                  "IDX 3 4 ", "DATA 253:4 fc0 e0 700 " + QByteArray(700, 'x')}
-                           << qint64(0);
+    QTest::newRow("sound")
+        << _soundArchive()
+        << QByteArrayList{"HDR Title%00 253:4:gps%00GPS%00%00 1:1:%00ext%00%00 "
+                          "2:2:%00%00%00 3:0:none%00%00%00 5:16:%00%00%00 "
+                          "253:2:second%00%00%00 7:3:%00%00%00 t1=again%00 t8=eight%00",
+                          "IDX 1 2 616263",
+                          "DATA 253:4 fc0 e0 3 %24GP",
+                          "DATA 1:1 fc0 e3000 5 whole",
+                          "DATA 1:1 fc7 e0 35 0123456789" + QByteArray(20, 'm') + "12345",
+                          "DATA 2:2 fc0 e0 12 firstB5%B5%B5%05%B5%20",
+                          "DATA 5:16 fff e0 0 ",
+                          "HDR Second%00 253:4:%00%00%00",
+                          "IDX 3 4 ",
+                          "DATA 253:4 fc0 e0 700 " + QByteArray(700, 'x')}
+        << qint64(0);
     const QByteArray ahead = QByteArray::fromHex("05b5b5b5 b5b5 b5b505 0300c0fd");
     QTest::newRow("bytes ahead") << ahead + example << exampleSignals << qint64(0);
     QTest::newRow("no header") << ahead << QByteArrayList() << qint64(3);
@@ -204,8 +207,7 @@ void tst_Vrk3Parser::records_data()
     const QByteArray empty = QByteArray::fromHex("b5b505b5 00000000");
     QTest::newRow("empty header") << empty + empty << QByteArrayList() << qint64(3);
     QTest::newRow("empty header behind a good one")
-        << example + empty + example.mid(21)
-        << exampleSignals + exampleSignals.mid(1) << qint64(0);
+        << example + empty + example.mid(21) << exampleSignals + exampleSignals.mid(1) << qint64(0);
     // The table ends inside the title, and an entry that overruns it is not part of it.
     QTest::newRow("texts in the title")
         << QByteArray::fromHex("b5b505b5 0900 0300 7a02 7900 0177 00")
@@ -248,10 +250,18 @@ void tst_Vrk3Parser::anyBytesAnyCut()
         for (int i = random.bounded(1, 12); i > 0; --i) {
             const int at = random.bounded(int(input.size()));
             switch (random.bounded(4)) {
-            case 0: input[at] = char(random.bounded(256)); break;
-            case 1: input.remove(at, random.bounded(20)); break;
-            case 2: input.insert(at, input.mid(random.bounded(int(input.size())), 30)); break;
-            default: input.insert(at, QByteArray::fromHex("b5b505b5")); break;
+            case 0:
+                input[at] = char(random.bounded(256));
+                break;
+            case 1:
+                input.remove(at, random.bounded(20));
+                break;
+            case 2:
+                input.insert(at, input.mid(random.bounded(int(input.size())), 30));
+                break;
+            default:
+                input.insert(at, QByteArray::fromHex("b5b505b5"));
+                break;
             }
         }
         const OUTCOME_T whole = _parse(input, CUT_WHOLE);
