@@ -1,0 +1,96 @@
+#include "command.h"
+
+#include "interrupt.h"
+
+#include <cstdio>
+#include <unistd.h>
+
+QString printable(const QString &text)
+{
+    QString result = text;
+    for (QChar &c : result) {
+        if (c.category() == QChar::Other_Control || c.category() == QChar::Other_Format)
+            c = QChar::ReplacementCharacter;
+    }
+    return result;
+}
+
+QString displayName(const QString &name, const QString &standardStream)
+{
+    return name == STANDARD_STREAM ? standardStream : name;
+}
+
+void complain(const QString &message)
+{
+    std::fprintf(stderr, "vrk3: %s\n", qPrintable(printable(message)));
+}
+
+cCommand::cCommand(const QString &name, const QString &usage, const QString &summary)
+    : m_name(name), m_usage(usage), m_summary(summary)
+{
+}
+
+int cCommand::run(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(m_summary);
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Shows this help."));
+    parser.addOption(help);
+    addOptions(parser);
+    parser.addPositionalArgument(QStringLiteral("ARCHIVE"),
+                                 QStringLiteral("VRK3 archives; - is standard input."));
+    // The first entry stands for the program, which the parser leaves out.
+    if (!parser.parse(QStringList(m_name) + arguments))
+        return _wrongUse(parser.errorText());
+    if (parser.isSet(help)) {
+        _showHelp(parser);
+        return EXIT_DONE;
+    }
+    m_archives = parser.positionalArguments();
+    if (m_archives.isEmpty())
+        return _wrongUse(QStringLiteral("no archive was given"));
+    const QString wrong = readOptions(parser);
+    if (!wrong.isEmpty())
+        return _wrongUse(wrong);
+
+    int status = EXIT_DONE;
+    const auto judge = [&status](const QString &file, const QString &reason) {
+        if (!reason.isEmpty()) {
+            complain(file + QStringLiteral(": ") + reason);
+            status = EXIT_SOME_FAILED;
+        }
+    };
+    for (const QString &archive : qAsConst(m_archives)) {
+        judge(displayName(archive, QStringLiteral("standard input")), process(archive));
+        if (isInterrupted())
+            endInterrupted();
+    }
+    judge(QStringLiteral("standard output"), finish());
+    return status;
+}
+
+QList<FILEID_T> cCommand::archiveIds() const
+{
+    QList<FILEID_T> ids;
+    for (const QString &archive : m_archives) {
+        struct stat status = {};
+        if (fileStatus(archive, STDIN_FILENO, status) && S_ISREG(status.st_mode))
+            ids.append(fileId(status));
+    }
+    return ids;
+}
+
+int cCommand::_wrongUse(const QString &reason) const
+{
+    complain(QStringLiteral("%1: %2 (see vrk3 %1 --help)").arg(m_name, reason));
+    return EXIT_WRONG_USE;
+}
+
+void cCommand::_showHelp(const QCommandLineParser &parser) const
+{
+    // The first line would name the program by its path and know nothing of commands.
+    const QString help = parser.helpText();
+    std::printf("Usage: vrk3 %s %s\n%s", qPrintable(m_name), qPrintable(m_usage),
+                qPrintable(help.mid(help.indexOf(QLatin1Char('\n')) + 1)));
+}

@@ -1,0 +1,72 @@
+#include "inputfile.h"
+
+#include "interrupt.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+// The system's calls instead of QFile: QFile starts an interrupted read again, and Ctrl-C has to
+// get through to a read that waits for a pipe.
+
+static constexpr qsizetype BLOCK_SIZE = 65536;
+
+bool fileStatus(const QString &name, int standardStream, struct stat &status)
+{
+    if (name == STANDARD_STREAM)
+        return ::fstat(standardStream, &status) == 0;
+    return ::stat(QFile::encodeName(name).constData(), &status) == 0;
+}
+
+cInputFile::cInputFile(const QString &name)
+{
+    m_fd = name == STANDARD_STREAM
+               ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+               : ::open(QFile::encodeName(name).constData(), O_RDONLY | O_CLOEXEC);
+    struct stat status = {};
+    if (m_fd < 0 || ::fstat(m_fd, &status) != 0)
+        _fail(isInterrupted() ? QStringLiteral("interrupted") : qt_error_string(errno));
+    else if (S_ISREG(status.st_mode))
+        m_size = status.st_size;
+}
+
+cInputFile::~cInputFile()
+{
+    if (m_fd >= 0)
+        ::close(m_fd);
+}
+
+bool cInputFile::next(QByteArray &block)
+{
+    block.resize(BLOCK_SIZE);
+    while (m_error.isEmpty()) {
+        if (isInterrupted())
+            return _fail(QStringLiteral("interrupted"));
+        const ssize_t n = ::read(m_fd, block.data(), size_t(block.size()));
+        if (n > 0) {
+            block.truncate(n);
+            m_position += n;
+            return true;
+        }
+        if (n == 0)
+            return _atEnd();
+        if (errno != EINTR)
+            return _fail(qt_error_string(errno));
+    }
+    return false;
+}
+
+bool cInputFile::_atEnd()
+{
+    if (m_position < m_size)
+        return _fail(QStringLiteral("it became shorter while it was read"));
+    return false;
+}
+
+bool cInputFile::_fail(const QString &reason)
+{
+    m_error = reason;
+    return false;
+}

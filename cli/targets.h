@@ -1,0 +1,35 @@
+#ifndef TARGETS_H
+#define TARGETS_H
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+// Where the outputs of a command go: the options -o, -d, --overwrite and -q, which all commands
+// that write files have in common.
+class cTargets
+{
+public:
+    static void addOptions(QCommandLineParser &parser);
+
+    // Gives what is wrong with the options for these archives; empty if nothing is.
+    QString read(const QCommandLineParser &parser, const QStringList &archives);
+
+    // The output of an archive, "-" for standard output. The extension comes with its dot; it
+    // counts where the command line does not name the file.
+    QString nameFor(const QString &archive, const QString &extension) const;
+
+    // The extension of -o's file, dot included, in lower case; empty without one.
+    QString extension() const;
+
+    bool overwrite() const { return m_overwrite; }
+    bool quiet() const { return m_quiet; }
+
+private:
+    QString m_file;
+    QString m_folder;
+    bool m_overwrite = false;
+    bool m_quiet = false;
+};
+
+#endif

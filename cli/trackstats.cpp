@@ -1,0 +1,115 @@
+#include "trackstats.h"
+
+#include <cmath>
+#include <numbers>
+
+static constexpr double EARTH_RADIUS = 6371008.8; // the mean one, in metres
+static constexpr double RADIANS = std::numbers::pi / 180;
+static constexpr double FULL_TURN = 360;
+static constexpr double MAX_LATITUDE = 90;
+static constexpr double MAX_LONGITUDE = 180;
+
+cTrackStats::cTrackStats(QObject *parent) : QObject(parent) {}
+
+double cTrackStats::nearestTurn(double lon, double before)
+{
+    return lon + FULL_TURN * std::round((before - lon) / FULL_TURN);
+}
+
+bool cTrackStats::isLocated(const nmea_data &n)
+{
+    const bool onEarth = std::fabs(n.lat) <= MAX_LATITUDE && std::fabs(n.lon) <= MAX_LONGITUDE;
+    return onEarth && (n.lat != 0 || n.lon != 0);
+}
+
+void cTrackStats::slot_Data(const QByteArray &a)
+{
+    ++m_textBlocks;
+    m_textBytes += a.size();
+}
+
+void cTrackStats::slot_Data(const nmea_data &n)
+{
+    ++m_points;
+    if (!isLocated(n))
+        return;
+    if (m_located++ == 0) {
+        m_first = n;
+        m_lon = m_west = m_east = n.lon;
+        m_south = m_north = n.lat;
+        m_cos = std::cos(n.lat * RADIANS);
+    } else if (n.lat != m_last.lat || n.lon != m_last.lon) { // receivers tell each position twice
+        _extend(n, nearestTurn(n.lon, m_lon));
+    }
+    m_last = n;
+}
+
+void cTrackStats::_extend(const nmea_data &n, double lon)
+{
+    const double cosine = std::cos(n.lat * RADIANS);
+    const double sinLat = std::sin((n.lat - m_last.lat) * RADIANS / 2);
+    const double sinLon = std::sin((lon - m_lon) * RADIANS / 2);
+    const double chord = sinLat * sinLat + m_cos * cosine * sinLon * sinLon;
+    m_metres += 2 * EARTH_RADIUS * std::asin(std::sqrt(qMin(chord, 1.0)));
+    m_cos = cosine;
+    m_lon = lon;
+    m_west = qMin(m_west, lon);
+    m_east = qMax(m_east, lon);
+    m_south = qMin(m_south, n.lat);
+    m_north = qMax(m_north, n.lat);
+}
+
+double cTrackStats::west() const
+{
+    return m_east - m_west >= FULL_TURN ? -MAX_LONGITUDE : nearestTurn(m_west, 0);
+}
+
+double cTrackStats::east() const
+{
+    return m_east - m_west >= FULL_TURN ? MAX_LONGITUDE : nearestTurn(m_east, 0);
+}
+
+QString whyNoArchive(const ACCOUNT_T &account)
+{
+    if (account.received == 0)
+        return QStringLiteral("it is empty");
+    if (account.hdr == 0)
+        return QStringLiteral("it is no VRK3 archive, or its header is lost");
+    return {};
+}
+
+QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats)
+{
+    const QString reason = whyNoArchive(account);
+    if (reason.isEmpty() && stats.textBlocks() == 0)
+        return QStringLiteral("it holds no data of a GPS receiver");
+    return reason;
+}
+
+QString pointTime(const nmea_data &n)
+{
+    cLocalClock clock;
+    const cLocalClock::CIVIL *const t = clock.civil(nearestSecond(n));
+    if (!t)
+        return {};
+    return QString::asprintf("%04d-%02d-%02dT%02d:%02d:%02dZ", t->year, t->month, t->day, t->hour,
+                             t->minute, t->second);
+}
+
+QString timeSpan(const cTrackStats &stats)
+{
+    constexpr int dateLength = 10;
+    QString first = pointTime(stats.first());
+    QString last = pointTime(stats.last());
+    if (first.isEmpty() || last.isEmpty())
+        return QStringLiteral("at times unknown");
+    const bool sameDay = first.startsWith(last.left(dateLength));
+    for (QString *time : {&first, &last}) {
+        time->chop(1); // the letter for UTC
+        if (sameDay)
+            time->remove(0, dateLength + 1);
+        else
+            time->replace(dateLength, 1, QLatin1Char(' '));
+    }
+    return QStringLiteral("%1 to %2 UTC").arg(first, last);
+}
