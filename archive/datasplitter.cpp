@@ -118,17 +118,27 @@ qsizetype cDataSplitter::_firstZero(int pos) const
     return m_zeroFreeTo - m_head;
 }
 
-qsizetype cDataSplitter::find_quint32(quint32 a, quint32 b) const
+qsizetype cDataSplitter::find_quint32(quint32 a, quint32 b, char mark) const
 {
     const char *const p = _front();
     const qsizetype end = qMax<qsizetype>(0, size() - 3); // four bytes lie behind each offset below
     qsizetype i = 0;
-    while (i + SEARCH_STEP <= end && !_beginsWithin(p + i, a, b))
-        i += SEARCH_STEP;
-    for (; i < end; ++i) {
-        const auto value = qFromLittleEndian<quint32>(p + i);
-        if (value == a || value == b)
-            break;
+    while (i < end) {
+        // memchr is the fastest way over bytes without a mark. Behind each mark one whole step is
+        // taken, so that text full of marks does not call it for every byte.
+        const void *const found = std::memchr(p + i, mark, size_t(size() - i));
+        if (!found)
+            return end;
+        i = qMax(i, static_cast<const char *>(found) - p - 3);
+        const qsizetype next = qMin(end, i + SEARCH_STEP);
+        if (next - i < SEARCH_STEP || _beginsWithin(p + i, a, b)) {
+            for (; i < next; ++i) {
+                const auto value = qFromLittleEndian<quint32>(p + i);
+                if (value == a || value == b)
+                    return i;
+            }
+        }
+        i = next;
     }
-    return i;
+    return end;
 }

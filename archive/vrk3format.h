@@ -13,6 +13,8 @@
 // First four bytes of the two records at which a reader can take hold.
 inline constexpr quint32 HDR_MAGIC = 0xB505B5B5; // B5 B5 05 B5 in the file
 inline constexpr quint32 IDX_MAGIC = 0xB5B5B505; // 05 B5 B5 B5 in the file
+// A byte of both magics.
+inline constexpr char MAGIC_MARK = 0x05;
 
 // A string of a HDR record that is still open at this offset from the record's first byte makes the
 // record bytes that are no record: eight times the size of the largest one.

@@ -246,7 +246,7 @@ quint32 cVrk3Parser::_scan(quint32 a, quint32 b)
 {
     quint32 front = m_data.peek_quint32();
     if (front != a && front != b) {
-        _drop(m_data.find_quint32(a, b));
+        _drop(m_data.find_quint32(a, b, MAGIC_MARK));
         front = m_data.peek_quint32();
     }
     return front;

@@ -107,6 +107,7 @@ class tst_Vrk3Parser : public QObject
 
 private Q_SLOTS:
     void splitter();
+    void search();
     void records_data();
     void records();
     void anyBytesAnyCut_data();
@@ -147,6 +148,24 @@ void tst_Vrk3Parser::splitter()
     QCOMPARE(s.get_block(4), QByteArray("more"));
     QCOMPARE(s.size(), 0);
     s.skip(0);
+}
+
+// The search for a magic against one byte by byte, in text full of beginnings of magics.
+void tst_Vrk3Parser::search()
+{
+    QRandomGenerator random(5);
+    for (int round = 0; round < 3000; ++round) {
+        QByteArray bytes(random.bounded(260), '\xB5');
+        for (int i = random.bounded(60); i > 0 && !bytes.isEmpty(); --i)
+            bytes[random.bounded(int(bytes.size()))] = i % 3 ? '\x05' : 'x';
+        qsizetype wanted = 0;
+        while (wanted + 4 <= bytes.size() && !bytes.mid(wanted, 4).startsWith("\xB5\xB5\x05\xB5") &&
+               !bytes.mid(wanted, 4).startsWith("\x05\xB5\xB5\xB5"))
+            ++wanted;
+        cDataSplitter s;
+        s.append(bytes);
+        QCOMPARE(s.find_quint32(HDR_MAGIC, IDX_MAGIC, MAGIC_MARK), wanted);
+    }
 }
 
 void tst_Vrk3Parser::records_data()
