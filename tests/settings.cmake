@@ -2,3 +2,5 @@ vrktrk_add_test(tst_inifile vrktrk_settings)
 # Lies alone with the settings.ini that it puts beside itself.
 set_target_properties(tst_inifile PROPERTIES
                       RUNTIME_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/inifile)
+
+vrktrk_add_test(tst_icon vrktrk_resources Qt6::Gui)
