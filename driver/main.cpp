@@ -2,22 +2,44 @@
 #include "filesaver.h"
 #include "globals.h"
 #include "gpschain.h"
+#include "inifile.h"
 #include "winmain.h"
 #include "zelstyle.h"
 #include "zelwindow.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLocale>
 #include <QRegularExpression>
+#include <QTranslator>
 
 #include <clocale>
 #include <filesystem>
+#include <string>
 
 namespace
 {
 constexpr qint64 BLOCK_SIZE = 0x10000;
+
+// Installs whatever lies beside the program for the language of the system: the program's own texts
+// as well as those of Qt's dialogs.
+void _loadTranslations()
+{
+    // Not deleted: they serve for as long as the application object is there.
+    static QList<QTranslator *> translators;
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString filter = "*_" + QLocale::system().name().left(2) + ".qm";
+    const QDir::Filters files = QDir::Files | QDir::Readable | QDir::Hidden | QDir::System;
+    for (const QString &name : QDir(folder).entryList({filter}, files, QDir::NoSort)) {
+        translators.append(new QTranslator);
+        // A file that cannot be loaded gives an empty translator, which does no harm.
+        (void)translators.constLast()->load(folder + '/' + name, {}, {}, {});
+        QCoreApplication::installTranslator(translators.constLast());
+    }
+}
 
 void _classifyArguments(int argc, char **argv)
 {
@@ -41,18 +63,50 @@ void _askInput()
         gParams->inputs.append(name);
 }
 
+std::string _sessionSection()
+{
+    return (QCoreApplication::applicationName() + "session").toLocal8Bit().toStdString();
+}
+
 void _createMainframe()
 {
     gZelWindow = new ZelWindow;
     gMainWindow = new CWinMain;
     const QString title = gMainWindow->windowTitle();
+    const std::string version = gSettings->GetString("common", "options_version", "");
     gZelWindow->setWindowTitle(R"(<i><FONT size="-1">)" + title +
-                               R"(</FONT><FONT size="1" align=right>&nbsp;<br>)" + "</FONT></i>");
+                               R"(</FONT><FONT size="1" align=right>&nbsp;<br>)" +
+                               QString::fromLatin1(version.c_str()) + "</FONT></i>");
     gZelWindow->QWidget::setWindowTitle(title);
     gZelWindow->setCentralWidget(gMainWindow);
     gZelWindow->zelWindowTitle()->setHiddenDevice(true);
-    gZelWindow->setGeometry(100, 100, 480, 220);
-    gZelWindow->setVisible(true);
+
+    const std::string section = _sessionSection();
+    const int height = gSettings->GetInt(section, "winHeight", 220);
+    const int width = gSettings->GetInt(section, "winWidth", 480);
+    const int top = gSettings->GetInt(section, "winTop", 100);
+    const int left = gSettings->GetInt(section, "winLeft", 100);
+    // Also for a frame shown maximised: this is what it returns to.
+    gZelWindow->setGeometry(left, top, width, height);
+    if (gSettings->GetString(section, "fullscreen", "false") == "true")
+        gZelWindow->showMaximized();
+    else
+        gZelWindow->setVisible(true);
+}
+
+// The frame is closed by now, but still knows where it was.
+void _destroyMainframe()
+{
+    const std::string section = _sessionSection();
+    const bool maximised = gZelWindow->isMaximized();
+    gSettings->WriteString(section, "fullscreen", maximised ? "true" : "false");
+    if (maximised)
+        return;
+    const QRect frame = gZelWindow->geometry();
+    gSettings->WriteInt(section, "winLeft", frame.left());
+    gSettings->WriteInt(section, "winTop", frame.top());
+    gSettings->WriteInt(section, "winWidth", frame.width());
+    gSettings->WriteInt(section, "winHeight", frame.height());
 }
 
 // Each input's name with the extension that stands in the brackets of the filter text.
@@ -136,17 +190,24 @@ int main(int argc, char **argv)
     QGuiApplication::setDesktopFileName(QStringLiteral("vrktrk"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/resources/halvorant_vrktrk.ico")));
     std::setlocale(LC_CTYPE, "");
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application takes it over.
+    // The application takes the style over.
+    // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setStyle(new ZelStyle);
     QApplication::setPalette(QApplication::style()->standardPalette());
+    // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
+    _loadTranslations();
     _classifyArguments(argc, argv);
     if (gParams->inputs.isEmpty())
         _askInput();
     if (gParams->inputs.isEmpty())
         return 0;
+    gSettings = new CIniFile;
+    gSettings->EnableDefValsCreation(true);
     _createMainframe();
     QApplication::exec();
     if (gParams->action == 1)
         _extract();
+    _destroyMainframe();
+    delete gSettings;
     return 0;
 }

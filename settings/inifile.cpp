@@ -1,14 +1,14 @@
 #include "inifile.h"
 
-#include <cctype>
-#include <cstdio>
-#include <cstdlib>
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QSettings>
 #include <QVariant>
+
+#include <cctype>
+#include <cstdio>
+#include <cstdlib>
 
 const char *const g_iniFileName = "settings.ini";
 const char *const g_prefixSettings = ".config/Ostravane";
@@ -19,47 +19,49 @@ QSettings *CIniFile::mDefSettings = nullptr;
 QSettings *CIniFile::mROSettings = nullptr;
 int CIniFile::mDefSettingsRefCount = 0;
 
-/// Texts of this class are bytes in the local encoding; a NUL ends them on the way into Qt.
-static QString _fromLocal(const std::string &text)
+namespace
+{
+// Texts of this class are bytes in the local encoding; a NUL ends them on the way into Qt.
+QString _fromLocal(const std::string &text)
 {
     return QString::fromLocal8Bit(text.c_str());
 }
 
-static std::string _toLocal(const QString &text)
+std::string _toLocal(const QString &text)
 {
     return text.toLocal8Bit().toStdString();
 }
 
-static QSettings *_openFile(const std::string &file)
+QSettings *_openFile(const std::string &file)
 {
     return new QSettings(_fromLocal(file), QSettings::IniFormat);
 }
 
-static QString _fullKey(const std::string &section, const std::string &key)
+QString _fullKey(const std::string &section, const std::string &key)
 {
     const QString prefix =
         section.empty() ? QStringLiteral("default/") : QString::fromLatin1(section.c_str()) + u'/';
     return prefix + QString::fromLatin1(key.c_str());
 }
 
-/// The bytes that a stored text stands for. Escapes that Qt's INI layer has resolved, as in a
-/// hand-written \xD0\xAF, are bytes in the guise of Latin-1 letters; letters written by hand are
-/// not. Only bytes that form UTF-8 can have been meant as such escapes.
-static QByteArray _storedBytes(const QString &text)
+// The bytes that a stored text stands for. Escapes that Qt's INI layer has resolved, as in a
+// hand-written \xD0\xAF, are bytes in the guise of Latin-1 letters; letters written by hand are
+// not. Only bytes that form UTF-8 can have been meant as such escapes.
+QByteArray _storedBytes(const QString &text)
 {
     const QByteArray bytes = text.toLatin1();
     const bool escaped = QString::fromLatin1(bytes) == text && bytes.isValidUtf8();
     return escaped ? bytes : text.toUtf8();
 }
 
-static std::string _lookUp(const QSettings *settings, const QString &fullKey)
+std::string _lookUp(const QSettings *settings, const QString &fullKey)
 {
     const QString text = settings->value(fullKey, QVariant(g_impossibleString)).toString();
     // Ends at the first NUL; `left` of -1 is the whole.
     return CIniFile::_undecorate(_storedBytes(text.left(text.indexOf(u'\0'))).toStdString());
 }
 
-static std::string _fourBytes(unsigned long value)
+std::string _fourBytes(unsigned long value)
 {
     std::string bytes;
     for (unsigned shift = 0; shift < 32; shift += 8)
@@ -67,13 +69,23 @@ static std::string _fourBytes(unsigned long value)
     return bytes;
 }
 
-static std::string _madeHomeDir(const char *prefix)
+std::string _madeHomeDir(const char *prefix)
 {
     const QDir home(QDir::homePath());
     if (!home.exists(prefix))
         home.mkpath(prefix);
     return _toLocal(home.absolutePath()) + "/" + prefix;
 }
+
+// Stands in for Qt's handler at the fatal stop: that one may write to the system's journal instead
+// of standard error, and ends in abort(), whose core dump is of no use to the user of a program
+// that merely lacks a file.
+void _sayAndExit(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
+    std::_Exit(EXIT_FAILURE);
+}
+} // namespace
 
 CIniFile::CIniFile() : CIniFile(std::string()) {}
 
@@ -213,15 +225,6 @@ std::string CIniFile::GetSettingsDir()
 std::string CIniFile::GetConfigDir()
 {
     return _madeHomeDir(g_prefixConfigs);
-}
-
-/// Stands in for Qt's handler at the fatal stop: that one may write to the system's journal instead
-/// of standard error, and ends in abort(), whose core dump is of no use to the user of a program
-/// that merely lacks a file.
-static void _sayAndExit(QtMsgType, const QMessageLogContext &, const QString &message)
-{
-    std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
-    std::_Exit(EXIT_FAILURE);
 }
 
 void CIniFile::distributeConfig()

@@ -1,14 +1,14 @@
-#include <memory>
-#include <random>
+#include "inifile.h"
 
 #include <QtTest>
 
-#include "inifile.h"
+#include <memory>
+#include <random>
 
 using std::string;
 using Table = std::vector<std::pair<string, string>>;
 
-/// Shows what the objects share.
+// Shows what the objects share.
 struct Ini : CIniFile {
     using CIniFile::CIniFile;
     using CIniFile::mDefSettingsRefCount;
@@ -41,7 +41,7 @@ class TstIniFile : public QObject
     const QString mInstalled = QCoreApplication::applicationDirPath() + "/settings.ini";
     int mFiles = 0;
 
-    /// A name not used before: Qt keeps what it read from a file and trusts its size and time.
+    // A name not used before: Qt keeps what it read from a file and trusts its size and time.
     string fresh() { return mHome.filePath(QString("%1.ini").arg(++mFiles)).toStdString(); }
 
 private Q_SLOTS:
@@ -81,7 +81,7 @@ private Q_SLOTS:
                 QCOMPARE(q(CIniFile::_undecorate(stored)), q(value));
     }
 
-    /// What is written comes back byte for byte: through the decoration, and through a file.
+    // What is written comes back byte for byte: through the decoration, and through a file.
     void decorationOfAnything()
     {
         std::vector<string> values(2);

@@ -1,5 +1,6 @@
 #include "globals.h"
 
 PARAMS_T *gParams = nullptr;
+CIniFile *gSettings = nullptr;
 ZelWindow *gZelWindow = nullptr;
 CWinMain *gMainWindow = nullptr;

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+class CIniFile;
 class CWinMain;
 class ZelWindow;
 
@@ -27,6 +28,8 @@ struct PARAMS_T {
 
 // The parameters: made first of all in main, never freed.
 extern PARAMS_T *gParams;
+// The settings: made by main once an input is known, destroyed at its end, which writes them.
+extern CIniFile *gSettings;
 // The frame and the format choice inside it: made by main once an input is known, never freed.
 extern ZelWindow *gZelWindow;
 extern CWinMain *gMainWindow;
