@@ -1,6 +1,7 @@
 #include "nmea.h"
 
 #include <QDateTime>
+#include <QtEndian>
 
 #include <charconv>
 #include <clocale>
@@ -10,10 +11,9 @@
 static constexpr double UNREADABLE_DATE = 4294967295.0;
 
 static constexpr qsizetype NAME_LENGTH = 5;
-static constexpr std::array<QByteArrayView, NMEA_KINDS> NAMES = {"GPGGA", "GPRMC", "PGRME"};
+static constexpr std::array<const char *, NMEA_KINDS> NAMES = {"GPGGA", "GPRMC", "PGRME"};
 static constexpr QByteArrayView FIELD_CHARACTERS = "0123456789.,AENMSW+-";
 static constexpr QByteArrayView CHECKSUM_DIGITS = "0123456789ABCDEF";
-static constexpr qsizetype CHECKSUM_LENGTH = 2;
 
 // A text longer than any sentence of a receiver: its memory is let go.
 static constexpr qsizetype TEXT_KEPT = 4096;
@@ -48,6 +48,11 @@ static QByteArrayView _right(QByteArrayView field, qsizetype n)
     return field.last(qMin(n, field.size()));
 }
 
+static bool _is(QByteArrayView field, char c)
+{
+    return field.size() == 1 && field.front() == c;
+}
+
 cNmea::cNmea(QObject *parent) : QObject(parent), m_date(UNREADABLE_DATE) {}
 
 void cNmea::slot_Data(const QByteArray &a)
@@ -75,8 +80,8 @@ const char *cNmea::_take(const char *p, const char *end)
     if (*p == '\r' || *p == '\n')
         return p + 1;
     if (m_state == STATE_NAME) {
-        if (_extendName(*p))
-            return p + 1;
+        if (*p != '$')
+            return _takeName(p, end);
     } else if (m_state == STATE_FIELDS) {
         const char *run = p;
         while (run < end && _isIn(IS_FIELD_CHARACTER, *run))
@@ -103,19 +108,24 @@ const char *cNmea::_take(const char *p, const char *end)
     return p;
 }
 
-// Adds c to the sentence's name. False: no sentence that is read begins like this.
-bool cNmea::_extendName(char c)
+// Takes bytes of a sentence's name, up to its end or a byte that is none of it.
+const char *cNmea::_takeName(const char *p, const char *end)
 {
-    m_text.append(c);
-    for (int kind = 0; kind < NMEA_KINDS; ++kind) {
-        if (NAMES[size_t(kind)].startsWith(m_text)) {
-            m_kind = kind;
-            if (m_text.size() == NAME_LENGTH)
+    const char *run = p;
+    end = qMin(end, p + (NAME_LENGTH - m_text.size()));
+    while (run < end && *run != '$' && *run != '\r' && *run != '\n')
+        ++run;
+    m_text.append(p, run - p);
+    if (m_text.size() == NAME_LENGTH) {
+        m_state = STATE_SKIP;
+        for (int kind = 0; kind < NMEA_KINDS; ++kind) {
+            if (std::memcmp(m_text.constData(), NAMES[size_t(kind)], NAME_LENGTH) == 0) {
+                m_kind = kind;
                 m_state = STATE_FIELDS;
-            return true;
+            }
         }
     }
-    return false;
+    return run;
 }
 
 void cNmea::_giveUp()
@@ -129,7 +139,8 @@ void cNmea::_giveUp()
 void cNmea::_sentence()
 {
     const QByteArrayView text(m_text);
-    if (_nmeaChecksum(text.first(m_star)) != text.sliced(m_star + 1)) {
+    const std::array<char, CHECKSUM_LENGTH> sum = _nmeaChecksum(text.first(m_star));
+    if (std::memcmp(sum.data(), text.sliced(m_star + 1).data(), CHECKSUM_LENGTH) != 0) {
         ++m_account.badChecksum[size_t(m_kind)];
         return;
     }
@@ -154,35 +165,46 @@ void cNmea::_sentence()
 // Sets m_fields to the fields behind the first comma. False: there are fewer than are read.
 bool cNmea::_splitFields(QByteArrayView fields)
 {
-    qsizetype comma = fields.indexOf(',');
+    const char *p = fields.begin();
+    const char *const end = fields.end();
+    const auto toComma = [&] {
+        while (p < end && *p != ',')
+            ++p;
+    };
+    toComma();
     for (QByteArrayView &field : m_fields) {
-        if (comma < 0)
+        if (p == end)
             return false;
-        const qsizetype begin = comma + 1;
-        comma = fields.indexOf(',', begin);
-        field = fields.sliced(begin, (comma < 0 ? fields.size() : comma) - begin);
+        const char *const begin = ++p;
+        toComma();
+        field = QByteArrayView(begin, p);
     }
     return true;
 }
 
 // The checksum digits that belong to a sentence, given from its name up to the asterisk.
-QByteArray cNmea::_nmeaChecksum(QByteArrayView sentence)
+std::array<char, cNmea::CHECKSUM_LENGTH> cNmea::_nmeaChecksum(QByteArrayView sentence)
 {
-    unsigned char sum = 0;
-    for (const char c : sentence)
-        sum ^= static_cast<unsigned char>(c);
-    const std::array<char, 2> digits = {CHECKSUM_DIGITS[sum >> 4], CHECKSUM_DIGITS[sum & 15]};
-    return QByteArray(digits.data(), digits.size());
+    const char *p = sentence.begin();
+    quint64 sums = 0; // eight at once
+    for (; sentence.end() - p >= qsizetype(sizeof sums); p += sizeof sums)
+        sums ^= qFromUnaligned<quint64>(p);
+    sums ^= sums >> 32;
+    sums ^= sums >> 16;
+    auto sum = static_cast<unsigned char>(sums ^ (sums >> 8));
+    for (; p < sentence.end(); ++p)
+        sum ^= static_cast<unsigned char>(*p);
+    return {CHECKSUM_DIGITS[sum >> 4], CHECKSUM_DIGITS[sum & 15]};
 }
 
 void cNmea::_gpgga()
 {
     m_fix.time = _getTime(_field(0));
     m_fix.lat = _getDegreese(_field(1));
-    if (_field(2) != "N")
+    if (!_is(_field(2), 'N'))
         m_fix.lat = -m_fix.lat;
     m_fix.lon = _getDegreese(_field(3));
-    if (_field(4) != "E")
+    if (!_is(_field(4), 'E'))
         m_fix.lon = -m_fix.lon;
     m_fix.alt = _getDouble(_field(8));
 }
@@ -190,12 +212,12 @@ void cNmea::_gpgga()
 void cNmea::_gprmc()
 {
     m_fix.time = _getTime(_field(0));
-    m_fix.valid = _field(1) == "A";
+    m_fix.valid = _is(_field(1), 'A');
     m_fix.lat = _getDegreese(_field(2));
-    if (_field(3) != "N")
+    if (!_is(_field(3), 'N'))
         m_fix.lat = -m_fix.lat;
     m_fix.lon = _getDegreese(_field(4));
-    if (_field(5) != "E")
+    if (!_is(_field(5), 'E'))
         m_fix.lon = -m_fix.lon;
     m_fix.speed = _getDouble(_field(6)) * KNOTS_TO_MPS;
     m_fix.course = _getDouble(_field(7));

@@ -60,16 +60,20 @@ Q_SIGNALS:
     void signal_Data(const nmea_data &n);
 
 private:
+    // Fields that a sentence must have behind its name, and the only ones that are read.
+    static constexpr int FIELDS_READ = 9;
+    static constexpr qsizetype CHECKSUM_LENGTH = 2;
+
     enum { STATE_SKIP, STATE_NAME, STATE_FIELDS, STATE_CHECKSUM };
 
     const char *_take(const char *p, const char *end);
-    bool _extendName(char c);
+    const char *_takeName(const char *p, const char *end);
     void _giveUp();
     void _sentence();
     QByteArrayView _field(int index) const { return m_fields.at(size_t(index)); }
     bool _splitFields(QByteArrayView fields);
 
-    static QByteArray _nmeaChecksum(QByteArrayView sentence);
+    static std::array<char, CHECKSUM_LENGTH> _nmeaChecksum(QByteArrayView sentence);
     void _gpgga();
     void _gprmc();
     void _pgrme();
@@ -77,9 +81,6 @@ private:
     static double _getDegreese(QByteArrayView field);
     double _getDate(QByteArrayView field);
     static double _getTime(QByteArrayView field);
-
-    // Fields that a sentence must have behind its name, and the only ones that are read.
-    static constexpr int FIELDS_READ = 9;
 
     // The sentence at hand, from behind its dollar sign on, without CR and LF.
     QByteArray m_text;

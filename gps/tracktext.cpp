@@ -9,6 +9,9 @@
 #include <cstring>
 #include <limits>
 
+// More than a line of a plain track takes.
+static constexpr qsizetype USUAL_SPACE = 256;
+
 qint64 nearestSecond(const nmea_data &n)
 {
     const double sum = n.date + n.time + 0.5;
@@ -69,15 +72,10 @@ cTrackLine &cTrackLine::begin()
 {
     if (!m_bytes.isDetached()) // a receiver keeps the last line
         m_bytes = QByteArray();
+    m_bytes.resize(qMax(m_bytes.capacity(), USUAL_SPACE));
+    m_begin = m_bytes.data();
+    m_space = m_bytes.size();
     m_length = 0;
-    return *this;
-}
-
-cTrackLine &cTrackLine::text(QByteArrayView bytes)
-{
-    if (!bytes.isEmpty())
-        std::memcpy(_room(bytes.size()), bytes.data(), size_t(bytes.size()));
-    m_length += bytes.size();
     return *this;
 }
 
@@ -133,11 +131,9 @@ const QByteArray &cTrackLine::bytes()
     return m_bytes;
 }
 
-// Where the next n bytes go.
-char *cTrackLine::_room(qsizetype n)
+void cTrackLine::_grow(qsizetype n)
 {
-    constexpr qsizetype usual = 256;
-    if (m_length + n > m_bytes.size())
-        m_bytes.resize(qMax(usual, 2 * (m_length + n)));
-    return m_bytes.data() + m_length;
+    m_bytes.resize(2 * (m_length + n));
+    m_begin = m_bytes.data();
+    m_space = m_bytes.size();
 }

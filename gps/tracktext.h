@@ -6,6 +6,8 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
+#include <cstring>
+
 // What the writers of tracks share: the text of numbers and times. All of it is, byte for byte,
 // what QString::arg and QDateTime::toString give, without an allocation or a look-up of the time
 // zone for each point.
@@ -47,7 +49,13 @@ class cTrackLine
 public:
     // Empties the line.
     cTrackLine &begin();
-    cTrackLine &text(QByteArrayView bytes);
+    cTrackLine &text(QByteArrayView bytes)
+    {
+        if (!bytes.isEmpty())
+            std::memcpy(_room(bytes.size()), bytes.data(), size_t(bytes.size()));
+        m_length += bytes.size();
+        return *this;
+    }
     // A number with so many decimals, 1 or 6, and a point; filled with blanks on the left up to
     // width.
     cTrackLine &number(double value, int width, int decimals);
@@ -58,10 +66,19 @@ public:
     const QByteArray &bytes();
 
 private:
-    char *_room(qsizetype n);
+    // Where the next n bytes go.
+    char *_room(qsizetype n)
+    {
+        if (m_length + n > m_space)
+            _grow(n);
+        return m_begin + m_length;
+    }
+    void _grow(qsizetype n);
 
     QByteArray m_bytes;
-    qsizetype m_length = 0; // bytes of m_bytes that are written
+    char *m_begin = nullptr; // the bytes of m_bytes,
+    qsizetype m_space = 0;   // so many,
+    qsizetype m_length = 0;  // of which so many are written
 };
 
 #endif
