@@ -1,0 +1,60 @@
+// An archive of any bytes through the whole chain, in all four formats.
+#include "gpschain.h"
+#include "harness.h"
+
+#include <array>
+
+namespace
+{
+class cCollector : public QObject
+{
+    Q_OBJECT
+
+public:
+    QByteArray bytes;
+
+public Q_SLOTS:
+    void slot_Data(const QByteArray &a) { bytes += a; }
+};
+
+void _checkAccount(const ACCOUNT_T &a, qsizetype size)
+{
+    require(a.received == size, "the parser knows how much it received");
+    require(a.scanned + a.hdr + a.idx + a.heads + a.delivered + a.lost + a.unfinished +
+                    a.buffered ==
+                size,
+            "each byte received stands in one sum of the account");
+    require(a.scanned >= 0 && a.lost >= 0 && a.unfinished >= 0, "no sum is negative");
+}
+
+QByteArray _run(const QByteArray &input, const char *filter, bool whole)
+{
+    cCollector collector;
+    {
+        cGpsChain chain(QString::fromLatin1(filter), &collector);
+        if (const cNmea *const decoder = chain.decoder()) {
+            QObject::connect(decoder, &cNmea::signal_Data, [decoder](const nmea_data &n) {
+                require(n.valid && decoder->account().accepted[NMEA_GPRMC] > 0,
+                        "a point is emitted only behind a valid GPRMC");
+            });
+        }
+        if (whole)
+            chain.parser().slot_Data(input);
+        else
+            inChunks(input, [&](const QByteArray &a) { chain.parser().slot_Data(a); });
+        _checkAccount(chain.parser().account(), input.size());
+    }
+    return collector.bytes;
+}
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
+{
+    const QByteArray input = inputOf(data, size);
+    for (const char *const filter : {"(*.txt)", "(*.gpx)", "(*.plt)", "(*.kml)"})
+        require(_run(input, filter, true) == _run(input, filter, false),
+                "the output does not depend on how the archive is cut");
+    return 0;
+}
+
+#include "fuzz_chain.moc"

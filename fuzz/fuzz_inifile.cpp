@@ -1,0 +1,53 @@
+// A settings file of any bytes, as somebody's editor may have left it.
+#include "harness.h"
+#include "inifile.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <unistd.h>
+
+namespace
+{
+const char *const KEYS[] = {"winHeight", "fullscreen", "a", "options_version"};
+
+// A new name for each file: Qt knows a file again by its name.
+std::string _newName()
+{
+    static long number = 0;
+    return (QDir::tempPath() + QStringLiteral("/vrktrk-fuzz-%1-%2.ini").arg(getpid()).arg(++number))
+        .toStdString();
+}
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
+{
+    const std::string name = _newName();
+    QFile file(QString::fromStdString(name));
+    require(file.open(QIODevice::WriteOnly), "the file can be made");
+    file.write(inputOf(data, size));
+    file.close();
+
+    const std::string value(reinterpret_cast<const char *>(data), std::min<size_t>(size, 40));
+    {
+        CIniFile ini(name, "common");
+        for (const char *const key : KEYS) {
+            const std::string text = ini.GetString(key, "?");
+            require(ini.GetString("common", key, "?") == text, "a read gives the same each time");
+            require(ini.GetFourCC("common", key, 0) <= 0xFFFFFFFFUL, "a code has 32 bits");
+            (void)ini.GetInt("vrktrk.session", key, 7);
+        }
+        ini.WriteString("written", value);
+        ini.WriteInt("number", -7);
+        ini.EnableDefValsCreation(true);
+        (void)ini.GetString("default", "made", value);
+    }
+    {
+        CIniFile ini(name, "common");
+        const bool sentinel = value == g_impossibleString;
+        require(sentinel || ini.GetString("written", "?") == value, "a written text comes back");
+        require(ini.GetInt("number", 0) == -7, "a written number comes back");
+    }
+    file.remove();
+    return 0;
+}

@@ -1,0 +1,39 @@
+#ifndef HARNESS_H
+#define HARNESS_H
+
+#include <QByteArray>
+
+#include <cstdio>
+#include <cstdlib>
+
+// What every harness shares.
+
+// Ends the run with a message unless the condition holds: the fuzzer keeps the input.
+inline void require(bool condition, const char *message)
+{
+    if (condition)
+        return;
+    std::fprintf(stderr, "does not hold: %s\n", message);
+    std::abort();
+}
+
+// Cuts an input into chunks of which each is as long as its own bytes say, 1 to 200 bytes: the
+// fuzzer decides where the cuts lie.
+template <typename F>
+void inChunks(const QByteArray &input, F &&feed)
+{
+    for (qsizetype pos = 0; pos < input.size();) {
+        const qsizetype n = 1 + (static_cast<unsigned char>(input.at(pos)) * 7 + pos) % 200;
+        feed(input.mid(pos, n));
+        pos += n;
+    }
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size);
+
+inline QByteArray inputOf(const unsigned char *data, size_t size)
+{
+    return QByteArray(reinterpret_cast<const char *>(data), qsizetype(size));
+}
+
+#endif

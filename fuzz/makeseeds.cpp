@@ -1,0 +1,73 @@
+// makeseeds FOLDER: writes the small inputs from which the fuzzers set out, into a folder for each.
+#include "archivewriter.h"
+#include "receivertext.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <cstdio>
+
+namespace
+{
+bool _write(const QString &folder, const char *name, const QByteArray &bytes)
+{
+    if (!QDir().mkpath(folder))
+        return false;
+    QFile file(folder + '/' + QString::fromLatin1(name));
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QByteArray _sentences()
+{
+    return receiverText(250) + nmeaSentence("PGRME,3.1,M,4.2,M,5.3,M") +
+           nmeaSentence("GPRMC,000000,A,,,,,,,990099");
+}
+
+// Fragments that interleave, an extension head, two groups, a second header.
+QByteArray _rich()
+{
+    cArchiveWriter w;
+    w.header("T", {{253, 4}, {1, 1}}, {{1, "x"}, {0, ""}});
+    w.index(1, 2, "e");
+    w.block(253, _sentences().first(60), FRAGMENT_FIRST);
+    w.block(1, "abc", FRAGMENT_FIRST, 0, {3001, 2, 1});
+    w.block(253, _sentences().mid(60), FRAGMENT_LAST);
+    w.block(1, "def", FRAGMENT_LAST);
+    w.header("U", {{253, 4}});
+    w.index(3, 4);
+    w.block(253, _sentences());
+    return w.take();
+}
+
+QByteArray _damaged()
+{
+    cArchiveWriter w;
+    w.rawBytes("\x05\xB5\xB5\xB5 ahead \xB5\xB5");
+    w.header("", {{253, 4}});
+    w.index(0, 0);
+    w.block(9, "unknown stream");
+    w.rawBytes(QByteArray::fromHex("b5b505b500000000"));
+    w.index(0, 0);
+    w.block(253, "$GPRMC,1,A", FRAGMENT_MIDDLE);
+    return w.take();
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: makeseeds FOLDER\n");
+        return 2;
+    }
+    const QString folder = QString::fromLocal8Bit(argv[1]);
+    const QByteArray ini = "[common]\noptions_version=1.0\nfullscreen=\"a\\\\x41\"\n"
+                           "[vrktrk.session]\nwinHeight=220\na=@ByteArray(x)\n";
+    const bool done = _write(folder + "/fuzz_chain", "rich", _rich()) &&
+                      _write(folder + "/fuzz_chain", "damaged", _damaged()) &&
+                      _write(folder + "/fuzz_nmea", "sentences", _sentences()) &&
+                      _write(folder + "/fuzz_undecorate", "escapes", "a\\\\b\\x41\\n\\q\\") &&
+                      _write(folder + "/fuzz_inifile", "file", ini);
+    if (!done)
+        std::fprintf(stderr, "makeseeds: cannot write into %s\n", argv[1]);
+    return done ? 0 : 1;
+}
