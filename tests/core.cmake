@@ -2,6 +2,7 @@ vrktrk_add_test(tst_vrk3parser vrktrk_archive vrktrk_sample)
 vrktrk_add_test(tst_nmea vrktrk_gps vrktrk_sample)
 vrktrk_add_test(tst_tracktext vrktrk_gps)
 vrktrk_add_test(tst_gpschain vrktrk_gps vrktrk_sample)
+vrktrk_add_test(tst_everybyte vrktrk_gps vrktrk_sample)
 
 # The same files in other zones and languages. Only the PLT line shows them: its month, and its day
 # number, which follows the zone.
