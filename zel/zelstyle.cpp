@@ -45,9 +45,12 @@ constexpr COLOUR_T DISABLED[] = {
 
 void _drawFocus(const QStyleOption *option, QPainter *painter)
 {
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(QColor::fromRgba(ACCENT), 1.5));
     painter->setBrush(Qt::NoBrush);
     painter->drawRoundedRect(QRectF(option->rect).adjusted(0.75, 0.75, -0.75, -0.75), 2, 2);
+    painter->restore();
 }
 
 // Fusion outlines the button in a shade of the window, which is lost on a dark ground.
@@ -58,6 +61,8 @@ void _drawRadioButton(const QStyleOption *option, QPainter *painter)
     const QRectF circle = QRectF(option->rect).adjusted(0.75, 0.75, -0.75, -0.75);
     const QPalette &palette = option->palette;
 
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(QColor::fromRgba(hovered ? ACCENT : OUTLINE), 1.2));
     painter->setBrush(option->state & QStyle::State_Sunken ? palette.midlight() : palette.base());
     painter->drawEllipse(circle);
@@ -67,6 +72,7 @@ void _drawRadioButton(const QStyleOption *option, QPainter *painter)
         painter->setBrush(enabled ? QColor::fromRgba(ACCENT) : palette.color(QPalette::Text));
         painter->drawEllipse(circle.adjusted(inset, inset, -inset, -inset));
     }
+    painter->restore();
 }
 } // namespace
 
@@ -85,17 +91,30 @@ QPalette ZelStyle::standardPalette() const
 void ZelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
                              QPainter *painter, const QWidget *widget) const
 {
-    if (element != PE_FrameFocusRect && element != PE_IndicatorRadioButton) {
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
-        return;
-    }
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
     if (element == PE_FrameFocusRect)
         _drawFocus(option, painter);
-    else
+    else if (element == PE_IndicatorRadioButton)
         _drawRadioButton(option, painter);
-    painter->restore();
+    else
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+// What Fusion draws without asking for the focus frame gets it here.
+void ZelStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                           const QWidget *widget) const
+{
+    QProxyStyle::drawControl(element, option, painter, widget);
+    const bool framed = element == CE_PushButton || element == CE_ShapedFrame;
+    if (framed && (option->state & State_HasFocus))
+        _drawFocus(option, painter);
+}
+
+void ZelStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                  QPainter *painter, const QWidget *widget) const
+{
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ComboBox && (option->state & State_HasFocus))
+        _drawFocus(option, painter);
 }
 
 int ZelStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

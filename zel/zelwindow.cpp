@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 #include <QToolButton>
@@ -17,6 +18,9 @@ constexpr int BORDER = 1;
 // How near to an edge the mouse has to be to resize, and how far along it a corner reaches.
 constexpr int GRIP = 5;
 constexpr int CORNER = 14;
+// Forms bring margins as wide as for a window of their own. Beside a border a part of them does,
+// and the room is needed: with large fonts the texts would not fit into a small frame.
+constexpr int OVERLAP = 4;
 
 Qt::CursorShape _cursorFor(Qt::Edges edges)
 {
@@ -118,7 +122,7 @@ ZelWindowTitle::ZelWindowTitle(ZelWindow *window) : QWidget(window), m_text(new 
     m_text->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(9, 1, 4, 1);
+    layout->setContentsMargins(6, 0, 4, 0);
     layout->setSpacing(2);
     layout->addWidget(m_text, 1);
     layout->addWidget(minimise);
@@ -130,7 +134,9 @@ void ZelWindowTitle::setHiddenDevice(bool) {}
 
 void ZelWindowTitle::_setText(const QString &richText)
 {
-    m_text->setText(richText);
+    // A last line that holds nothing needs no room.
+    static const QRegularExpression emptyLine(QStringLiteral(R"((&nbsp;)?<br>(?=(</\w+>)*\z))"));
+    m_text->setText(QString(richText).remove(emptyLine));
 }
 
 void ZelWindowTitle::_showState(bool active, bool maximised)
@@ -148,17 +154,15 @@ ZelWindow::ZelWindow(QWidget *parent, Qt::WindowFlags flags)
 {
     // Tells where the mouse is also while it is over a child.
     setAttribute(Qt::WA_Hover);
-    auto *layout = new QVBoxLayout(this);
-    layout->setSpacing(0);
-    // A stored geometry is to come back as it was, however small.
-    layout->setSizeConstraint(QLayout::SetNoConstraint);
-    layout->addWidget(m_title);
     _showState();
 }
 
 void ZelWindow::setCentralWidget(QWidget *widget)
 {
-    qobject_cast<QVBoxLayout *>(layout())->addWidget(widget, 1);
+    m_content = widget;
+    m_content->setParent(this);
+    m_content->lower();
+    _layOut();
     QWidget *first = widget;
     while (first != this && !_isEntrance(first))
         first = first->nextInFocusChain();
@@ -175,8 +179,20 @@ ZelWindowTitle *ZelWindow::zelWindowTitle() const
     return m_title;
 }
 
+QSize ZelWindow::minimumSizeHint() const
+{
+    const QSize title = m_title->minimumSizeHint();
+    const QSize content = m_content ? m_content->minimumSizeHint() : QSize(0, 0);
+    const int around = 2 * (_border() - OVERLAP);
+    return {qMax(title.width() + 2 * _border(), content.width() + around),
+            title.height() + content.height() + around};
+}
+
 bool ZelWindow::event(QEvent *event)
 {
+    // A child's size hint has changed, with the font for instance.
+    if (event->type() == QEvent::LayoutRequest)
+        _layOut();
     if (event->type() == QEvent::HoverMove) {
         const auto *hover = static_cast<QHoverEvent *>(event);
         const Qt::Edges edges = _edgesAt(hover->position().toPoint());
@@ -195,12 +211,16 @@ void ZelWindow::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
 }
 
+void ZelWindow::resizeEvent(QResizeEvent *)
+{
+    _layOut();
+}
+
 void ZelWindow::paintEvent(QPaintEvent *)
 {
-    if (isMaximized())
-        return;
+    const int border = _border();
     QPainter painter(this);
-    const QRect inner = rect().adjusted(BORDER, BORDER, -BORDER, -BORDER);
+    const QRect inner = rect().adjusted(border, border, -border, -border);
     painter.setClipRegion(QRegion(rect()) - inner);
     painter.fillRect(
         rect(), palette().color(isActiveWindow() ? QPalette::PlaceholderText : QPalette::Light));
@@ -265,15 +285,31 @@ Qt::Edges ZelWindow::_edgesAt(const QPoint &position) const
     return edges;
 }
 
+int ZelWindow::_border() const
+{
+    return isMaximized() ? 0 : BORDER;
+}
+
 bool ZelWindow::_isOnTitle(const QPoint &position) const
 {
     return m_title->geometry().contains(position);
 }
 
+// The window lays out its two children itself: a layout would hold it at least as large as their
+// minimum, but a stored geometry is to come back as it was, and it would not let them overlap.
+void ZelWindow::_layOut()
+{
+    const int border = _border();
+    const QRect inner = rect().adjusted(border, border, -border, -border);
+    const int height = m_title->sizeHint().height();
+    m_title->setGeometry(inner.x(), inner.y(), inner.width(), height);
+    if (m_content)
+        m_content->setGeometry(inner.adjusted(-OVERLAP, height - OVERLAP, OVERLAP, OVERLAP));
+}
+
 void ZelWindow::_showState()
 {
-    const int margin = isMaximized() ? 0 : BORDER;
-    layout()->setContentsMargins(margin, margin, margin, margin);
     m_title->_showState(isActiveWindow(), isMaximized());
+    _layOut();
     update();
 }

@@ -50,9 +50,14 @@ public:
     // The title bar; it belongs to the window.
     [[nodiscard]] ZelWindowTitle *zelWindowTitle() const;
 
+    // The least size at which title bar and content can be used. It holds for resizing by hand
+    // only.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 protected:
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -64,9 +69,12 @@ private Q_SLOTS:
 private:
     [[nodiscard]] Qt::Edges _edgesAt(const QPoint &position) const;
     [[nodiscard]] bool _isOnTitle(const QPoint &position) const;
+    [[nodiscard]] int _border() const;
+    void _layOut();
     void _showState();
 
     ZelWindowTitle *m_title;
+    QWidget *m_content = nullptr;
     // Where the title bar was pressed, as long as that can still become a drag.
     std::optional<QPoint> m_pressed;
 };
