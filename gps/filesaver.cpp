@@ -13,5 +13,7 @@ cFileSaver::~cFileSaver()
 
 void cFileSaver::slot_Data(const QByteArray &a)
 {
-    m_file.write(a.constData(), a.size());
+    // Qt would say a line on standard error for each write into what could not be opened.
+    if (m_file.isOpen())
+        m_file.write(a.constData(), a.size());
 }

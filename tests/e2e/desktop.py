@@ -1,0 +1,227 @@
+"""A virtual desktop on which the real program is started and used as a person would use it.
+
+    class MyTest(desktop.Case):
+        def test_something(self):
+            with self.start("a.vrk3") as program:       # in self.folder, with self.home as home
+                program.press("radio button", "GPS Exchange Format (.gpx)")
+                program.press("push button", "OK")
+                program.save_as(self.folder / "b.gpx")
+            # It has ended by now, with exit code 0 and without a word.
+
+    unittest.main()
+
+A Desktop has an X server (or a Wayland compositor), a window manager and a message bus of its own, so
+that tests run side by side and leave the person's own desktop alone. Widgets are found by their role
+and name over the accessibility bus, and everything waits for what it needs: there are no delays to
+tune. Where a wait ends in vain, the message lists the widgets that were there, and a picture of the
+screen lies in the working directory, its name in the message too.
+
+The program runs under de_DE, for which there is no translation: the texts are those of the sources.
+As root it runs without root's power over files, so that an unreadable file is one.
+
+Environment: VRKTRK_PROGRAM, the program to test.
+"""
+import os
+import pathlib
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+
+PATIENCE = 30  # seconds; under sanitizers and on a busy machine everything takes long
+
+
+def wait_for(what, probe):
+    """Calls probe until it gives something true, which is the result."""
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        found = probe()
+        if found:
+            return found
+        time.sleep(0.02)
+    raise AssertionError(f"waited in vain for {what() if callable(what) else what}")
+
+
+class Desktop:
+    """One a process: the accessibility library binds itself to the first bus that it meets."""
+
+    def __init__(self, wayland=False, size="1280x1024"):
+        self.wayland = wayland
+        self.runtime = tempfile.TemporaryDirectory(prefix="vrktrk-desktop-")
+        self.processes = []
+        self.log = open(f"{self.runtime.name}/log", "wb")
+        for name in "DISPLAY", "WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORM":
+            os.environ.pop(name, None)
+        os.environ.update(XDG_RUNTIME_DIR=self.runtime.name, LANG="de_DE.UTF-8", LC_ALL="",
+                          QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._serve(
+            "dbus-daemon", "--session", "--nofork", "--print-address={ready}")
+        if wayland:
+            # The debug protocol is what lets a picture of the screen be taken.
+            self._serve("weston", "--backend=headless-backend.so", "--use-pixman", "--no-config",
+                        "--debug", "--socket=vrktrk", f"--width={size.split('x')[0]}",
+                        f"--height={size.split('x')[1]}")
+            wait_for("weston", pathlib.Path(self.runtime.name, "vrktrk").exists)
+            os.environ.update(WAYLAND_DISPLAY="vrktrk", QT_QPA_PLATFORM="wayland")
+        else:
+            os.environ["DISPLAY"] = ":" + self._serve(
+                "Xvfb", "-displayfd", "{ready}", "-screen", "0", size + "x24", "-nolisten", "tcp")
+            up = pathlib.Path(self.runtime.name, "openbox")
+            self._serve("openbox", "--sm-disable", "--startup", f"touch {up}")
+            wait_for("the window manager", up.exists)
+        # Only now, for the library looks for its bus while it is loaded.
+        import gi
+        gi.require_version("Atspi", "2.0")
+        from gi.repository import Atspi, GLib
+        self.atspi, self.error = Atspi, GLib.Error
+
+    def _serve(self, *command):
+        """Starts a service. One that takes a {ready} descriptor is waited for; gives its answer."""
+        read, write = os.pipe()
+        self.processes.append(subprocess.Popen(
+            [part.replace("{ready}", str(write)) for part in command], pass_fds=[write],
+            stdout=self.log, stderr=self.log, start_new_session=True))
+        os.close(write)
+        with os.fdopen(read) as answer:
+            return answer.readline().strip() if any("{ready}" in part for part in command) else ""
+
+    def close(self):
+        for process in reversed(self.processes):
+            os.killpg(process.pid, signal.SIGTERM)
+            process.wait()
+        self.log.close()
+        self.runtime.cleanup()
+
+    def picture(self, path):
+        """Writes what the screen shows as PNG."""
+        if self.wayland:
+            with tempfile.TemporaryDirectory() as folder:
+                subprocess.run(["weston-screenshooter"], cwd=folder, check=True, stdout=self.log)
+                os.replace(next(pathlib.Path(folder).iterdir()), path)
+        else:
+            subprocess.run(["import", "-window", "root", path], check=True)
+
+
+class Program:
+    """The program, running. Roles and names are those that a screen reader would say."""
+
+    def __init__(self, desktop, arguments, cwd, home, environment):
+        self.desktop = desktop
+        self.output = tempfile.TemporaryFile()
+        powerless = ["setpriv", "--bounding-set=-all", "--inh-caps=-all"]
+        self.process = subprocess.Popen(
+            (powerless if os.geteuid() == 0 else []) + [os.environ["VRKTRK_PROGRAM"], *arguments],
+            cwd=cwd, stdin=subprocess.DEVNULL, stdout=self.output, stderr=subprocess.STDOUT,
+            env={**os.environ, "HOME": str(home), **environment})
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, failure, *_):
+        try:
+            if failure is None:
+                self.ends()
+        except AssertionError:
+            failure = True
+            raise
+        finally:
+            if failure:
+                self.desktop.picture(f"failed-{self.process.pid}.png")
+            self.process.kill()
+            self.process.wait()
+            self.output.close()
+
+    def widgets(self):
+        """All widgets of the program from the top down, each as (depth, widget)."""
+        root = self.desktop.atspi.get_desktop(0)
+        # Nobody listens to changes here, so nothing may be remembered.
+        root.clear_cache()
+        applications = (root.get_child_at_index(i) for i in range(root.get_child_count()))
+        pending = [(0, application) for application in applications
+                   if application and application.get_process_id() == self.process.pid]
+        while pending:
+            depth, widget = pending.pop()
+            yield depth, widget
+            # Qt complains when a list of files is asked for its items before it has read them.
+            if widget.get_role_name() in ("list", "tree", "table"):
+                continue
+            children = (widget.get_child_at_index(i) for i in range(widget.get_child_count()))
+            pending += reversed([(depth + 1, child) for child in children if child])
+
+    def shows(self, role, name=None, states=("SHOWING", "SENSITIVE")):
+        """The first widget of this role and name in these states, or None."""
+        wanted = [getattr(self.desktop.atspi.StateType, state) for state in states]
+        try:
+            for _, widget in self.widgets():
+                if widget.get_role_name() == role and name in (None, widget.get_name()):
+                    if all(widget.get_state_set().contains(state) for state in wanted):
+                        return widget
+        except self.desktop.error:
+            pass  # The widgets changed under our eyes.
+        return None
+
+    def find(self, role, name=None, **states):
+        """Waits for what shows() looks for."""
+        return wait_for(lambda: f"{role} {name!r}, {self._state()}",
+                        lambda: self.shows(role, name, **states))
+
+    def press(self, role, name):
+        self.find(role, name).do_action(0)
+
+    def keys(self, role, name, *keys):
+        """Presses keys, named as xdotool does, when the window of this role and name has the
+        keyboard (X11 only)."""
+        self.find(role, name, states=["ACTIVE"])
+        subprocess.run(["xdotool", "key", "--delay", "30", *keys], check=True)
+
+    def fill_in(self, dialog, path):
+        """Enters a name in the file dialog of this title ("Open", "Save") and presses its button."""
+        self.find("dialog", dialog)
+        self.find("text", "File name:").set_text_contents(str(path))
+        self.press("push button", dialog)
+
+    def proposal(self):
+        """The name that stands in the file dialog."""
+        self.find("dialog")
+        return self.find("text", "File name:").get_text(0, -1)
+
+    def ends(self):
+        """Waits for the end: exit code 0, and nothing on standard output and error."""
+        wait_for(lambda: f"the end, {self._state()}", lambda: self.process.poll() is not None)
+        self.output.seek(0)
+        said = self.output.read().decode(errors="replace")
+        if self.process.returncode or said:
+            raise AssertionError(f"exit code {self.process.returncode}, said {said[:500]!r}")
+
+    def _state(self):
+        state = f"exit code {self.process.poll()}, picture in failed-{self.process.pid}.png"
+        try:
+            for depth, widget in self.widgets():
+                state += f"\n{'  ' * depth}{widget.get_role_name()} {widget.get_name()!r}"
+        except self.desktop.error as error:
+            state += f"\n({error})"
+        return state
+
+
+class Case(unittest.TestCase):
+    """A test with a desktop for all, and for each an empty folder and a home of its own."""
+
+    wayland = False
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = Desktop(cls.wayland)
+        cls.addClassCleanup(cls.desktop.close)
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="vrktrk-test-")
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name, "archives")
+        self.home = pathlib.Path(folder.name, "home")
+        self.folder.mkdir()
+        self.home.mkdir()
+
+    def start(self, *arguments, **environment):
+        """Starts the program in the test's folder; use it with `with`."""
+        return Program(self.desktop, arguments, self.folder, self.home, environment)

@@ -1,0 +1,222 @@
+"""The road of a person through the windows, with all its exits."""
+import os
+import struct
+import subprocess
+import unittest
+
+import desktop
+
+# What no chain may touch: line ends of all kinds, zero bytes, both magics, bytes that are no UTF-8.
+TEXT = b"$GPGGA,1*00\r\n\n\r\0\0\xb5\xb5\x05\xb5\x05\xb5\xb5\xb5\xff\xfe" + bytes(range(256)) * 300
+FORMATS = {"txt": "Полные данные GPS (.txt)", "gpx": "GPS Exchange Format (.gpx)",
+           "plt": "OziExplorer track (.plt)", "kml": "GoogleEarth KML (.kml)"}
+
+
+def archive(text=TEXT):
+    """An archive that holds this receiver text in blocks of 1,000 bytes."""
+    title, streams = b"A day out\0", b"\xfd\x04A\0B\0C\0"
+    header = b"\xb5\xb5\x05\xb5" + struct.pack("<HH", 8 + len(title + streams), 0) + title + streams
+    index = b"\x05\xb5\xb5\xb5" + bytes(9)
+    blocks = (text[i:i + 1000] for i in range(0, len(text), 1000))
+    return header + index + b"".join(struct.pack("<HBB", len(b), 0xC0, 0xFD) + b for b in blocks)
+
+
+class WindowTest(desktop.Case):
+    def setUp(self):
+        super().setUp()
+        (self.folder / "a.vrk3").write_bytes(archive())
+
+    def names(self):
+        return sorted(path.name for path in self.folder.iterdir())
+
+    def to_save_dialog(self, program):
+        program.press("push button", "OK")
+        program.find("dialog", "Save")
+
+    def replace(self, program, path):
+        """Saves under a name that exists."""
+        program.fill_in("Save", path)
+        program.press("push button", "Yes")
+
+    def test_leaves_without_a_run(self):
+        ways = {
+            "Cancel": lambda program: program.press("push button", "Cancel"),
+            "close button": lambda program: program.press("push button", "Закрыть"),
+            "window manager": lambda program: program.keys("filler", "VrkTrk", "alt+F4"),
+            "Escape": lambda program: program.keys("filler", "VrkTrk", "Escape"),
+        }
+        for way, leave in ways.items():
+            with self.subTest(way), self.start("a.vrk3") as program:
+                program.find("radio button", FORMATS["txt"])
+                leave(program)
+        self.assertEqual(self.names(), ["a.vrk3"])
+
+    def test_asks_for_an_input(self):
+        for arguments in [], [str(self.folder / "a.vrk3")], ["--help"], ["missing.vrk3", ""]:
+            with self.subTest(arguments=arguments):
+                with self.start(*arguments) as program:
+                    program.fill_in("Open", "a.vrk3")
+                    self.to_save_dialog(program)
+                    program.fill_in("Save", "out.txt")
+                self.assertEqual((self.folder / "out.txt").read_bytes(), TEXT)
+                (self.folder / "out.txt").unlink()
+
+                with self.start(*arguments) as program:
+                    program.find("dialog", "Open")
+                    program.press("push button", "Cancel")
+                self.assertFalse((self.home / ".config/Ostravane").exists())
+
+    def test_first_of_several_inputs_counts(self):
+        (self.folder / "b.vrk3").write_bytes(archive(b"other"))
+        with self.start("-x", "missing", "b.vrk3", "a.vrk3") as program:
+            self.to_save_dialog(program)
+            self.assertEqual(program.proposal(), "b.txt")
+            program.press("push button", "Save")
+        self.assertEqual((self.folder / "b.txt").read_bytes(), b"other")
+
+    def test_proposes_a_name_for_each_format(self):
+        rows = [("a.b.vrk3", "txt", "a.b.txt", TEXT[:9]),
+                ("a.архив", "gpx", "a.gpx", b"<?xml"),
+                ("d.ot/a.vrk3", "plt", "d.ot/a.plt", b"OziExplorer"),
+                ("./a b.vrk3", "kml", "a b.kml", b"<?xml")]
+        (self.folder / "d.ot").mkdir()
+        for name, extension, output, begin in rows:
+            (self.folder / name).write_bytes(archive())
+            with self.subTest(name):
+                with self.start(name) as program:
+                    program.press("radio button", FORMATS[extension])
+                    self.to_save_dialog(program)
+                    program.press("push button", "Save")
+                self.assertEqual((self.folder / output).read_bytes()[:len(begin)], begin)
+
+    def test_cancelled_save_dialog_touches_nothing(self):
+        (self.folder / "d.ot").mkdir()
+        for name in "track", "d.ot/track":
+            (self.folder / name).write_bytes(archive())
+            with self.subTest(name), self.start(name) as program:
+                self.to_save_dialog(program)
+                self.assertEqual(program.proposal(), "track")
+                program.press("push button", "Cancel")
+            self.assertEqual((self.folder / name).read_bytes(), archive())
+        self.assertEqual(self.names(), ["a.vrk3", "d.ot", "track"])
+
+    def test_keyboard_alone(self):
+        with self.start() as program:
+            program.keys("dialog", "Open", *"a period v r k 3 Return".split())
+            program.keys("filler", "VrkTrk", "Down", "Return")
+            program.keys("dialog", "Save", "Return")
+        self.assertEqual((self.folder / "a.gpx").read_bytes()[:5], b"<?xml")
+
+    def test_cancel_in_mid_run_keeps_what_came_through(self):
+        # Long enough to be still at it when the key comes, and with a tail that must not be met.
+        with open(self.folder / "long.vrk3", "wb") as file:
+            file.write(archive())
+            file.seek(64 << 30)
+            file.write(archive(b"the tail"))
+        dialog = "Извлечение данных GPS"
+        ways = {
+            "Cancel": lambda program: program.press("push button", "Cancel"),
+            "Escape": lambda program: program.keys("dialog", dialog, "Escape"),
+            "window manager": lambda program: program.keys("dialog", dialog, "alt+F4"),
+        }
+        for way, cancel in ways.items():
+            with self.subTest(way):
+                with self.start("long.vrk3") as program:
+                    self.to_save_dialog(program)
+                    program.fill_in("Save", f"{way}.txt")
+                    program.find("dialog", dialog)
+                    cancel(program)
+                self.assertEqual((self.folder / f"{way}.txt").read_bytes(), TEXT)
+
+    def test_inputs_that_cannot_be_read(self):
+        (self.folder / "folder.vrk3").mkdir()
+        (self.folder / "secret.vrk3").write_bytes(archive())
+        (self.folder / "secret.vrk3").chmod(0)
+        (self.folder / "gone.vrk3").write_bytes(archive())
+        before = self.names()
+        for name in "folder.vrk3", "secret.vrk3", "gone.vrk3":
+            with self.subTest(name), self.start(name) as program:
+                program.find("push button", "OK")
+                if name == "gone.vrk3":
+                    (self.folder / name).unlink()
+                program.press("push button", "OK")
+        self.assertEqual(self.names(), [name for name in before if name != "gone.vrk3"])
+
+    def test_outputs_that_cannot_be_written(self):
+        closed = self.folder / "closed"
+        closed.mkdir(mode=0o500)
+        with self.subTest("folder"), self.start("a.vrk3") as program:
+            self.to_save_dialog(program)
+            program.fill_in("Save", closed / "out.txt")
+        self.assertEqual(list(closed.iterdir()), [])
+
+        kept = self.folder / "kept.txt"
+        kept.write_bytes(b"keep me")
+        kept.chmod(0o400)
+        for path in kept, "/dev/full":
+            with self.subTest(path), self.start("a.vrk3") as program:
+                self.to_save_dialog(program)
+                self.replace(program, path)
+        self.assertEqual(kept.read_bytes(), b"keep me")
+
+    def test_input_as_output_is_asked_again(self):
+        (self.folder / "soft.txt").symlink_to("a.vrk3")
+        (self.folder / "hard.txt").hardlink_to(self.folder / "a.vrk3")
+        for name in "a.vrk3", "soft.txt", "hard.txt":
+            with self.subTest(name):
+                with self.start("a.vrk3") as program:
+                    self.to_save_dialog(program)
+                    self.replace(program, name)
+                    # The second dialog begins with the proposal again.
+                    desktop.wait_for("the dialog again", lambda: program.proposal() == "a.txt")
+                    self.assertEqual((self.folder / "a.vrk3").read_bytes(), archive())
+                    program.press("push button", "Save")
+                self.assertEqual((self.folder / "a.txt").read_bytes(), TEXT)
+                self.assertEqual((self.folder / "a.vrk3").read_bytes(), archive())
+                (self.folder / "a.txt").unlink()
+
+    def test_odd_contents_replace_an_older_output(self):
+        whole = archive(TEXT[:0x10000 * 2 - 600])
+        rows = {"empty": (b"", b""), "garbage": (os.urandom(200_000).replace(b"\xb5", b""), b""),
+                "cut": (archive(b"whole" * 200 + b"half")[:-1], b"whole" * 200),
+                "multiple": (archive(b"x") + bytes(0x20000 - len(archive(b"x"))), b"x")}
+        for name, (content, expected) in rows.items():
+            (self.folder / f"{name}.vrk3").write_bytes(content)
+            (self.folder / f"{name}.txt").write_bytes(b"older and longer" * 100)
+            with self.subTest(name):
+                with self.start(f"{name}.vrk3") as program:
+                    self.to_save_dialog(program)
+                    self.replace(program, f"{name}.txt")
+                self.assertEqual((self.folder / f"{name}.txt").read_bytes(), expected)
+
+    def test_frame_moves_resizes_and_maximises(self):
+        with self.start("a.vrk3") as program:
+            def frame():
+                box = program.find("filler", "VrkTrk").get_extents(0)
+                return box.x, box.y, box.width, box.height
+
+            def drag(x, y, *steps):
+                moves = [part for by_x, by_y in steps for part in
+                         ("mousemove_relative", "--", str(by_x), str(by_y), "sleep", "0.1")]
+                subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep",
+                                "0.1", *moves, "mouseup", "1"], check=True)
+
+            def comes_to(*box):
+                desktop.wait_for(lambda: f"{box}, stands at {frame()}", lambda: frame() == box)
+
+            comes_to(100, 100, 480, 220)
+            drag(150, 115, (15, 0), (70, 40))  # The first step only shows that it is no click.
+            comes_to(170, 140, 480, 220)
+            drag(170 + 480 - 2, 140 + 220 - 2, (10, 5), (20, 15))
+            comes_to(170, 140, 510, 240)
+            subprocess.run(["xdotool", "mousemove", "250", "155", "click", "--repeat", "2",
+                            "--delay", "60", "1"], check=True)
+            program.find("push button", "Восстановить")
+            comes_to(0, 0, 1280, 1024)
+            program.press("push button", "Восстановить")
+            comes_to(170, 140, 510, 240)
+            program.press("push button", "Cancel")
+
+
+if __name__ == "__main__":
+    unittest.main()
