@@ -93,14 +93,16 @@ class Desktop:
         self.log.close()
         self.runtime.cleanup()
 
-    def picture(self, path):
-        """Writes what the screen shows as PNG."""
+    def picture(self, path, widget=None):
+        """Writes what the screen shows as PNG, or what a widget shows (X11 only)."""
         if self.wayland:
             with tempfile.TemporaryDirectory() as folder:
                 subprocess.run(["weston-screenshooter"], cwd=folder, check=True, stdout=self.log)
                 os.replace(next(pathlib.Path(folder).iterdir()), path)
         else:
-            subprocess.run(["import", "-window", "root", path], check=True)
+            box = widget and widget.get_extents(self.atspi.CoordType.SCREEN)
+            crop = ["-crop", f"{box.width}x{box.height}+{box.x}+{box.y}", "+repage"] if box else []
+            subprocess.run(["import", "-window", "root", *crop, path], check=True)
 
 
 class Program:

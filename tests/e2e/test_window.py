@@ -52,19 +52,21 @@ class WindowTest(desktop.Case):
         self.assertEqual(self.names(), ["a.vrk3"])
 
     def test_asks_for_an_input(self):
-        for arguments in [], [str(self.folder / "a.vrk3")], ["--help"], ["missing.vrk3", ""]:
-            with self.subTest(arguments=arguments):
+        rows = [], [str(self.folder / "a.vrk3")], ["--help"], ["missing.vrk3", ""]
+        for arguments in rows:
+            with self.subTest("cancelled", arguments=arguments), self.start(*arguments) as program:
+                program.find("dialog", "Open")
+                program.press("push button", "Cancel")
+        self.assertFalse((self.home / ".config/Ostravane").exists())
+
+        for arguments in rows:
+            with self.subTest("picked", arguments=arguments):
                 with self.start(*arguments) as program:
                     program.fill_in("Open", "a.vrk3")
                     self.to_save_dialog(program)
                     program.fill_in("Save", "out.txt")
                 self.assertEqual((self.folder / "out.txt").read_bytes(), TEXT)
                 (self.folder / "out.txt").unlink()
-
-                with self.start(*arguments) as program:
-                    program.find("dialog", "Open")
-                    program.press("push button", "Cancel")
-                self.assertFalse((self.home / ".config/Ostravane").exists())
 
     def test_first_of_several_inputs_counts(self):
         (self.folder / "b.vrk3").write_bytes(archive(b"other"))
@@ -176,7 +178,6 @@ class WindowTest(desktop.Case):
                 (self.folder / "a.txt").unlink()
 
     def test_odd_contents_replace_an_older_output(self):
-        whole = archive(TEXT[:0x10000 * 2 - 600])
         rows = {"empty": (b"", b""), "garbage": (os.urandom(200_000).replace(b"\xb5", b""), b""),
                 "cut": (archive(b"whole" * 200 + b"half")[:-1], b"whole" * 200),
                 "multiple": (archive(b"x") + bytes(0x20000 - len(archive(b"x"))), b"x")}
