@@ -1,13 +1,11 @@
 #include "convert.h"
 
 #include "gpschain.h"
-#include "outputfile.h"
 #include "progress.h"
 #include "trackstats.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 // A format as the command line calls it, and as the chain knows it.
 struct FORMAT_T {
@@ -32,18 +30,6 @@ static const FORMAT_T *_find(const char *FORMAT_T::*key, const QString &value)
         return value == QLatin1String(format.*key);
     });
     return it == FORMATS.end() ? nullptr : it;
-}
-
-// The line that a person reads: "1234 points, 12:01:07 to 13:20:44 UTC, 56 bytes skipped".
-static QString _summary(const cTrackStats &stats, const ACCOUNT_T &account, bool raw,
-                        qint64 written)
-{
-    QString line = raw ? QStringLiteral("%1 bytes").arg(written)
-                       : QStringLiteral("%1 points").arg(stats.points());
-    if (stats.located() > 0)
-        line += QStringLiteral(", ") + timeSpan(stats);
-    const qint64 used = account.hdr + account.idx + account.heads + account.delivered;
-    return line + QStringLiteral(", %1 bytes skipped").arg(account.received - used);
 }
 
 cConvert::cConvert()
@@ -82,43 +68,41 @@ QString cConvert::process(const QString &archive)
     if (!input.error().isEmpty())
         return input.error();
     const QString name = m_targets.nameFor(archive, QLatin1String(m_format->extension));
-    const QString shownName = displayName(name, QStringLiteral("standard output"));
-    const QString cannotWrite = QStringLiteral("cannot write %1: %2");
     cOutputFile output(name, m_targets.overwrite(), m_inputs);
     cTrackStats stats;
     ACCOUNT_T account;
-    bool raw = false;
-    {
-        cGpsChain chain(QLatin1String(m_format->filter), &output);
-        QObject::connect(&chain.raw(), SIGNAL(signal_Data(QByteArray)), &stats,
-                         SLOT(slot_Data(QByteArray)));
-        raw = !chain.decoder();
-        if (!raw)
-            QObject::connect(chain.decoder(), SIGNAL(signal_Data(nmea_data)), &stats,
-                             SLOT(slot_Data(nmea_data)));
-        cProgress progress(archive, input.size(), !m_targets.quiet());
-        QByteArray block;
-        while (output.error().isEmpty() && input.next(block)) {
-            chain.parser().slot_Data(block);
-            progress.setPosition(input.position());
-        }
-        account = chain.parser().account();
-    } // the writer sends its last bytes
-
-    if (!output.error().isEmpty())
-        return cannotWrite.arg(shownName, output.error());
-    if (!input.error().isEmpty())
-        return input.error();
-    const QString nothing = whyNoTrack(account, stats);
-    if (!nothing.isEmpty())
-        return nothing;
-    if (!output.commit())
-        return cannotWrite.arg(shownName, output.error());
-    if (!m_targets.quiet()) {
-        const QString line = displayName(archive, QStringLiteral("standard input")) +
-                             QStringLiteral(": ") + _summary(stats, account, raw, output.size()) +
-                             QStringLiteral(" -> ") + shownName;
-        std::fprintf(stderr, "%s\n", qPrintable(printable(line)));
+    const bool raw = _pump(input, output, stats, account);
+    // A failure of the output comes first: it may be what ended the reading.
+    if (output.error().isEmpty()) {
+        if (!input.error().isEmpty())
+            return input.error();
+        const QString nothing = whyNoTrack(account, stats);
+        if (!nothing.isEmpty())
+            return nothing;
     }
-    return {};
+    const QString amount = raw ? QStringLiteral("%1 bytes").arg(output.size())
+                               : QStringLiteral("%1 points").arg(stats.points());
+    return m_targets.conclude(archive, name, output, trackSummary(amount, stats, account));
+}
+
+// Sends the archive through the chain. The chain ends with the function, since it sends its last
+// bytes when it is destroyed. True: the format has no points.
+bool cConvert::_pump(cInputFile &input, cOutputFile &output, cTrackStats &stats,
+                     ACCOUNT_T &account) const
+{
+    cGpsChain chain(QLatin1String(m_format->filter), &output);
+    QObject::connect(&chain.raw(), SIGNAL(signal_Data(QByteArray)), &stats,
+                     SLOT(slot_Data(QByteArray)));
+    const bool raw = !chain.decoder();
+    if (!raw)
+        QObject::connect(chain.decoder(), SIGNAL(signal_Data(nmea_data)), &stats,
+                         SLOT(slot_Data(nmea_data)));
+    cProgress progress(input.name(), input.size(), !m_targets.quiet());
+    QByteArray block;
+    while (output.error().isEmpty() && input.next(block)) {
+        chain.parser().slot_Data(block);
+        progress.setPosition(input.position());
+    }
+    account = chain.parser().account();
+    return raw;
 }

@@ -3,6 +3,7 @@
 
 #include "command.h"
 #include "targets.h"
+#include "trackstats.h"
 
 struct FORMAT_T;
 
@@ -19,6 +20,9 @@ protected:
     QString process(const QString &archive) override;
 
 private:
+    bool _pump(cInputFile &input, cOutputFile &output, cTrackStats &stats,
+               ACCOUNT_T &account) const;
+
     cTargets m_targets;
     const FORMAT_T *m_format = nullptr;
     QList<FILEID_T> m_inputs;

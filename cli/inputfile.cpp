@@ -20,7 +20,7 @@ bool fileStatus(const QString &name, int standardStream, struct stat &status)
     return ::stat(QFile::encodeName(name).constData(), &status) == 0;
 }
 
-cInputFile::cInputFile(const QString &name)
+cInputFile::cInputFile(const QString &name) : m_name(name)
 {
     m_fd = name == STANDARD_STREAM
                ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)

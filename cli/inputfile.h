@@ -42,6 +42,7 @@ public:
     // Why the archive could not be read whole; empty if all is well.
     const QString &error() const { return m_error; }
 
+    const QString &name() const { return m_name; }
     qint64 position() const { return m_position; }
     // In bytes, when it was opened; 0 for what has no size, a pipe for instance.
     qint64 size() const { return m_size; }
@@ -50,6 +51,7 @@ private:
     bool _fail(const QString &reason);
     bool _atEnd();
 
+    QString m_name;
     int m_fd = -1;
     qint64 m_position = 0;
     qint64 m_size = 0;

@@ -3,6 +3,7 @@
 #include "convert.h"
 #include "info.h"
 #include "interrupt.h"
+#include "plot.h"
 
 #include <QCoreApplication>
 
@@ -26,7 +27,8 @@ static int _run(const QStringList &arguments)
 {
     cConvert convert;
     cInfo info;
-    const QList<cCommand *> commands = {&convert, &info};
+    cPlot plot;
+    const QList<cCommand *> commands = {&convert, &info, &plot};
 
     const QString first = arguments.value(1);
     if (first == QLatin1String("--help") || first == QLatin1String("-h")) {

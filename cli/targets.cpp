@@ -1,9 +1,11 @@
 #include "targets.h"
 
-#include "inputfile.h"
+#include "command.h"
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <cstdio>
 
 static const QString OUTPUT = QStringLiteral("output");
 static const QString FOLDER = QStringLiteral("folder");
@@ -62,4 +64,19 @@ QString cTargets::extension() const
 {
     const QString suffix = QFileInfo(m_file).suffix();
     return suffix.isEmpty() ? QString() : QLatin1Char('.') + suffix.toLower();
+}
+
+QString cTargets::conclude(const QString &archive, const QString &name, cOutputFile &output,
+                           const QString &summary) const
+{
+    const QString shownName = displayName(name, QStringLiteral("standard output"));
+    if (!output.commit())
+        return QStringLiteral("cannot write %1: %2").arg(shownName, output.error());
+    if (!m_quiet) {
+        const QString line =
+            QStringLiteral("%1: %2 -> %3")
+                .arg(displayName(archive, QStringLiteral("standard input")), summary, shownName);
+        std::fprintf(stderr, "%s\n", qPrintable(printable(line)));
+    }
+    return {};
 }

@@ -1,6 +1,8 @@
 #ifndef TARGETS_H
 #define TARGETS_H
 
+#include "outputfile.h"
+
 #include <QCommandLineParser>
 #include <QString>
 #include <QStringList>
@@ -21,6 +23,12 @@ public:
 
     // The extension of -o's file, dot included, in lower case; empty without one.
     QString extension() const;
+
+    // The last step for an archive that was read without failure: commits its output, which has the
+    // name that nameFor gave, and tells so in a line with the summary. Gives why that failed; empty
+    // if it did not.
+    QString conclude(const QString &archive, const QString &name, cOutputFile &output,
+                     const QString &summary) const;
 
     bool overwrite() const { return m_overwrite; }
     bool quiet() const { return m_quiet; }

@@ -96,14 +96,15 @@ QString pointTime(const nmea_data &n)
                              t->minute, t->second);
 }
 
-QString timeSpan(const cTrackStats &stats)
+QString timeSpan(const cTrackStats &stats, bool withDate)
 {
     constexpr int dateLength = 10;
     QString first = pointTime(stats.first());
     QString last = pointTime(stats.last());
     if (first.isEmpty() || last.isEmpty())
-        return QStringLiteral("at times unknown");
-    const bool sameDay = first.startsWith(last.left(dateLength));
+        return QStringLiteral("times unknown");
+    const QString date = first.left(dateLength);
+    const bool sameDay = last.startsWith(date);
     for (QString *time : {&first, &last}) {
         time->chop(1); // the letter for UTC
         if (sameDay)
@@ -111,5 +112,13 @@ QString timeSpan(const cTrackStats &stats)
         else
             time->replace(dateLength, 1, QLatin1Char(' '));
     }
-    return QStringLiteral("%1 to %2 UTC").arg(first, last);
+    const QString span = QStringLiteral("%1 to %2 UTC").arg(first, last);
+    return sameDay && withDate ? date + QStringLiteral(", ") + span : span;
+}
+
+QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCOUNT_T &account)
+{
+    const QString span = stats.located() > 0 ? timeSpan(stats) + QStringLiteral(", ") : QString();
+    const qint64 used = account.hdr + account.idx + account.heads + account.delivered;
+    return QStringLiteral("%1, %2%3 bytes skipped").arg(amount, span).arg(account.received - used);
 }

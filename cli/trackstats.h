@@ -73,7 +73,12 @@ QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats);
 // not have four digits.
 QString pointTime(const nmea_data &n);
 
-// "12:01:07 to 13:20:44 UTC", with dates if they differ.
-QString timeSpan(const cTrackStats &stats);
+// "12:01:07 to 13:20:44 UTC": with dates if they differ or withDate is set. The track has a point
+// with a position.
+QString timeSpan(const cTrackStats &stats, bool withDate = false);
+
+// What became of an archive, in a line: "1234 points, 12:01:07 to 13:20:44 UTC, 56 bytes skipped",
+// where amount is the first part. Bytes skipped are all that came to nothing.
+QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCOUNT_T &account);
 
 #endif

@@ -1,0 +1,339 @@
+#include "trackpicture.h"
+
+#include "command.h"
+#include "hdrtxts.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <utility>
+
+// Sizes in picture units, of which a screen shows one as a pixel.
+static constexpr double WIDTH = 960;
+static constexpr double MARGIN = 24;
+static constexpr double HEADING_HEIGHT = 92;
+static constexpr double FOOTING_HEIGHT = 64;
+static constexpr double PANEL_PADDING = 48;
+static constexpr double MIN_PANEL_HEIGHT = 260;
+static constexpr double MAX_PANEL_HEIGHT = 800;
+static constexpr double MAX_SCALE_BAR = 220;
+static constexpr double LINE_STEP = 0.7; // nearer points are not drawn one by one
+static constexpr int MAX_TITLE_LENGTH = 60;
+
+static constexpr double METRES_A_DEGREE = 6371008.8 * std::numbers::pi / 180;
+static constexpr double MIN_EXTENT = 50; // metres: a car that stands does not fill the picture
+static constexpr double METRES_A_KILOMETRE = 1000;
+
+static constexpr const char *INK = "#1f2933";
+static constexpr const char *FAINT_INK = "#52606d";
+static constexpr const char *TRACK = "#1d5fd1";
+static constexpr const char *START = "#1a7f37";
+static constexpr const char *END = "#c4242b";
+
+using attributes = std::initializer_list<std::pair<const char *, QString>>;
+
+static QString _number(double value)
+{
+    return QString::number(value, 'f', 1);
+}
+
+static void _element(QXmlStreamWriter &svg, const char *name, const attributes &list)
+{
+    svg.writeEmptyElement(QLatin1String(name));
+    for (const auto &[key, value] : list)
+        svg.writeAttribute(QLatin1String(key), value);
+}
+
+static void _text(QXmlStreamWriter &svg, QPointF at, const QString &text, const attributes &list)
+{
+    svg.writeStartElement(QStringLiteral("text"));
+    svg.writeAttribute(QStringLiteral("x"), _number(at.x()));
+    svg.writeAttribute(QStringLiteral("y"), _number(at.y()));
+    for (const auto &[key, value] : list)
+        svg.writeAttribute(QLatin1String(key), value);
+    svg.writeCharacters(text);
+    svg.writeEndElement();
+}
+
+static QString _lengthText(double metres)
+{
+    if (metres < METRES_A_KILOMETRE)
+        return QStringLiteral("%1 m").arg(std::round(metres));
+    return QStringLiteral("%1 km").arg(metres / METRES_A_KILOMETRE, 0, 'f',
+                                       metres < 100 * METRES_A_KILOMETRE ? 2 : 0);
+}
+
+// The greatest of 1, 2, 5, 10, ... that is not above the limit, for limits from 1 on.
+static double _roundBelow(double limit)
+{
+    const double power = std::pow(10, std::floor(std::log10(limit)));
+    const double lead = limit / power;
+    return power * (lead >= 5 ? 5 : lead >= 2 ? 2 : 1);
+}
+
+static void _drawHeading(QXmlStreamWriter &svg, const QString &title, const cTrackStats &stats)
+{
+    const QString shown =
+        title.size() > MAX_TITLE_LENGTH ? title.left(MAX_TITLE_LENGTH - 1) + QChar(0x2026) : title;
+    _text(svg, {MARGIN, 44}, shown,
+          {{"font-size", QStringLiteral("24")},
+           {"font-weight", QStringLiteral("bold")},
+           {"fill", QLatin1String(INK)}});
+    const QString separator = QStringLiteral("  \u00b7  ");
+    _text(svg, {MARGIN, 72}, _lengthText(stats.metres()) + separator + timeSpan(stats, true),
+          {{"font-size", QStringLiteral("16")}, {"fill", QLatin1String(FAINT_INK)}});
+}
+
+static void _drawScaleBar(QXmlStreamWriter &svg, QPointF at, double metresAUnit)
+{
+    const double metres = _roundBelow(MAX_SCALE_BAR * metresAUnit);
+    const double length = metres / metresAUnit;
+    _element(svg, "path",
+             {{"d", QStringLiteral("M%1 %2v8h%3v-8")
+                        .arg(_number(at.x()), _number(at.y() - 8), _number(length))},
+              {"fill", QStringLiteral("none")},
+              {"stroke", QLatin1String(INK)},
+              {"stroke-width", QStringLiteral("2")}});
+    const QString text = metres < METRES_A_KILOMETRE
+                             ? QStringLiteral("%1 m").arg(metres)
+                             : QStringLiteral("%1 km").arg(metres / METRES_A_KILOMETRE);
+    _text(svg, {at.x() + length + 12, at.y() + 1}, text,
+          {{"font-size", QStringLiteral("16")}, {"fill", QLatin1String(INK)}});
+}
+
+static void _drawNorth(QXmlStreamWriter &svg, QPointF at)
+{
+    _element(
+        svg, "path",
+        {{"d",
+          QStringLiteral("M%1 %2l7 20l-7 -5l-7 5z").arg(_number(at.x()), _number(at.y() - 20))},
+         {"fill", QLatin1String(INK)}});
+    _text(svg, {at.x() - 14, at.y() - 2}, QStringLiteral("N"),
+          {{"font-size", QStringLiteral("16")},
+           {"text-anchor", QStringLiteral("end")},
+           {"fill", QLatin1String(INK)}});
+}
+
+cTrackPicture::cTrackPicture(const QString &name, QObject *parent) : QObject(parent), m_title(name)
+{
+}
+
+void cTrackPicture::slot_Data(int what, const QString &s)
+{
+    if (what != HDRTXT_TITLE || m_titleKnown || s.isEmpty())
+        return;
+    m_title = s;
+    m_titleKnown = true;
+}
+
+void cTrackPicture::slot_Data(const nmea_data &n)
+{
+    if (!cTrackStats::isLocated(n))
+        return;
+    const double lon =
+        m_points.isEmpty() ? n.lon : cTrackStats::nearestTurn(n.lon, m_points.constLast().lon);
+    m_points.append({n.lat, lon, n.date + n.time});
+}
+
+QPointF cTrackPicture::VIEW_T::at(double lat, double lon) const
+{
+    return {area.left() + (lon - west) * xScale, area.top() + (north - lat) * yScale};
+}
+
+// The same number of metres for a unit in both directions, true in the track's middle latitude.
+cTrackPicture::VIEW_T cTrackPicture::_view() const
+{
+    const auto byLat = [](const POINT_T &a, const POINT_T &b) { return a.lat < b.lat; };
+    const auto byLon = [](const POINT_T &a, const POINT_T &b) { return a.lon < b.lon; };
+    const auto [south, north] = std::minmax_element(m_points.begin(), m_points.end(), byLat);
+    const auto [west, east] = std::minmax_element(m_points.begin(), m_points.end(), byLon);
+    const double middle = (south->lat + north->lat) / 2;
+    const double lonMetres =
+        METRES_A_DEGREE * std::max(std::cos(middle * std::numbers::pi / 180), 0.01);
+    const double width = (east->lon - west->lon) * lonMetres;
+    const double height = (north->lat - south->lat) * METRES_A_DEGREE;
+
+    const double areaWidth = WIDTH - 2 * (MARGIN + PANEL_PADDING);
+    const double areaHeight = MAX_PANEL_HEIGHT - 2 * PANEL_PADDING;
+    VIEW_T view;
+    view.metresAUnit = std::max({width / areaWidth, height / areaHeight, MIN_EXTENT / areaWidth});
+    view.xScale = lonMetres / view.metresAUnit;
+    view.yScale = METRES_A_DEGREE / view.metresAUnit;
+    view.area = QRectF(MARGIN + PANEL_PADDING, HEADING_HEIGHT + PANEL_PADDING, areaWidth,
+                       std::max(height / view.metresAUnit, MIN_PANEL_HEIGHT - 2 * PANEL_PADDING));
+    // The track in the middle of the area.
+    view.west = west->lon - (areaWidth - width / view.metresAUnit) / 2 / view.xScale;
+    view.north = north->lat + (view.area.height() - height / view.metresAUnit) / 2 / view.yScale;
+    return view;
+}
+
+// Longer than this between two points, and the receiver was silent or had no fix.
+double cTrackPicture::_longestPause() const
+{
+    constexpr double shortest = 10; // seconds
+    constexpr double usualPauses = 5;
+    QList<double> pauses;
+    for (qsizetype i = 1; i < m_points.size(); ++i) {
+        const double pause = m_points.at(i).time - m_points.at(i - 1).time;
+        if (pause > 0)
+            pauses.append(pause);
+    }
+    if (pauses.isEmpty())
+        return shortest;
+    const auto middle = pauses.begin() + pauses.size() / 2;
+    std::nth_element(pauses.begin(), middle, pauses.end());
+    return std::max(shortest, usualPauses * *middle);
+}
+
+// The line through all points, broken where a pause is longer than told.
+QString cTrackPicture::_path(const VIEW_T &view, double longestPause) const
+{
+    QString path;
+    QPointF drawn;
+    double time = -std::numeric_limits<double>::infinity();
+    for (qsizetype i = 0; i < m_points.size(); ++i) {
+        const POINT_T &point = m_points.at(i);
+        const QPointF at = view.at(point.lat, point.lon);
+        const bool begins = i == 0 || std::fabs(point.time - time) > longestPause;
+        const QPointF step = at - drawn;
+        time = point.time;
+        if (!begins && i + 1 < m_points.size() && QPointF::dotProduct(step, step) < LINE_STEP)
+            continue;
+        path += QStringLiteral("%1%2 %3")
+                    .arg(begins ? QLatin1Char('M') : QLatin1Char('L'))
+                    .arg(_number(at.x()), _number(at.y()));
+        drawn = at;
+    }
+    return path;
+}
+
+void cTrackPicture::_drawTrack(QXmlStreamWriter &svg, const VIEW_T &view) const
+{
+    const auto draw = [&svg](const QString &path, const char *color, const char *width,
+                             const char *dashes) {
+        _element(svg, "path",
+                 {{"d", path},
+                  {"fill", QStringLiteral("none")},
+                  {"stroke", QLatin1String(color)},
+                  {"stroke-width", QLatin1String(width)},
+                  {"stroke-dasharray", QLatin1String(dashes)},
+                  {"stroke-linejoin", QStringLiteral("round")},
+                  {"stroke-linecap", QStringLiteral("round")}});
+    };
+    const QString line = _path(view, _longestPause());
+    draw(_path(view, std::numeric_limits<double>::infinity()), FAINT_INK, "1.5", "1 6");
+    draw(line, "#ffffff", "7", "none");
+    draw(line, TRACK, "3.5", "none");
+}
+
+// A place for a text of that size near a point: where it covers the least of the track, and nothing
+// of what is taken already.
+QRectF cTrackPicture::_placeFor(QSizeF size, QPointF point, const VIEW_T &view,
+                                const QRectF &taken) const
+{
+    constexpr double away = 14;
+    const QRectF room(MARGIN, HEADING_HEIGHT, WIDTH - 2 * MARGIN,
+                      view.area.height() + 2 * PANEL_PADDING);
+    const double centred =
+        std::clamp(point.x() - size.width() / 2, room.left(), room.right() - size.width());
+    const double level = point.y() - size.height() / 2;
+    const std::array<QRectF, 4> places = {{{{point.x() + away, level}, size},
+                                           {{point.x() - away - size.width(), level}, size},
+                                           {{centred, point.y() - away - size.height()}, size},
+                                           {{centred, point.y() + away}, size}}};
+    const auto covered = [&](const QRectF &place) {
+        if (!room.contains(place) || place.intersects(taken))
+            return m_points.size() + 1;
+        return std::count_if(m_points.begin(), m_points.end(), [&](const POINT_T &p) {
+            return place.contains(view.at(p.lat, p.lon));
+        });
+    };
+    return *std::min_element(places.begin(), places.end(), [&](const QRectF &x, const QRectF &y) {
+        return covered(x) < covered(y);
+    });
+}
+
+void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view,
+                              const cTrackStats &stats) const
+{
+    constexpr double characterWidth = 10.5;
+    constexpr double textHeight = 20;
+    constexpr double baseline = 15; // below the top of the text
+    QRectF taken;
+    const auto draw = [&](const POINT_T &point, const char *color, const QString &text) {
+        const QPointF at = view.at(point.lat, point.lon);
+        _element(svg, "circle",
+                 {{"cx", _number(at.x())},
+                  {"cy", _number(at.y())},
+                  {"r", QStringLiteral("8")},
+                  {"fill", QLatin1String(color)},
+                  {"stroke", QStringLiteral("#ffffff")},
+                  {"stroke-width", QStringLiteral("3")}});
+        const QSizeF size(double(text.size()) * characterWidth, textHeight);
+        const QRectF place = _placeFor(size, at, view, taken);
+        taken = place;
+        const bool isLeft = place.right() < at.x();
+        const bool isRight = place.left() > at.x();
+        const double anchor = isLeft ? place.right() : isRight ? place.left() : place.center().x();
+        _text(svg, {anchor, place.top() + baseline}, text,
+              {{"font-size", QStringLiteral("16")},
+               {"font-weight", QStringLiteral("bold")},
+               {"text-anchor", QLatin1String(isLeft    ? "end"
+                                             : isRight ? "start"
+                                                       : "middle")},
+               {"fill", QLatin1String(color)},
+               {"stroke", QStringLiteral("#ffffff")},
+               {"stroke-width", QStringLiteral("5")},
+               {"stroke-linejoin", QStringLiteral("round")},
+               {"paint-order", QStringLiteral("stroke")}});
+    };
+    constexpr int timeAt = 11; // in "2011-03-23T12:01:07Z"
+    constexpr int timeLength = 8;
+    draw(m_points.constLast(), END,
+         QStringLiteral("End ") + pointTime(stats.last()).mid(timeAt, timeLength));
+    draw(m_points.constFirst(), START,
+         QStringLiteral("Start ") + pointTime(stats.first()).mid(timeAt, timeLength));
+}
+
+QByteArray cTrackPicture::svg(const cTrackStats &stats) const
+{
+    const VIEW_T view = _view();
+    const QRectF panel =
+        view.area.adjusted(-PANEL_PADDING, -PANEL_PADDING, PANEL_PADDING, PANEL_PADDING);
+    const QString width = QString::number(WIDTH);
+    const QString height = QString::number(std::ceil(panel.bottom() + FOOTING_HEIGHT));
+    const QString title = printable(m_title);
+
+    QByteArray bytes;
+    QXmlStreamWriter svg(&bytes);
+    svg.setAutoFormatting(true);
+    svg.setAutoFormattingIndent(1);
+    svg.writeStartDocument();
+    svg.writeStartElement(QStringLiteral("svg"));
+    svg.writeDefaultNamespace(QStringLiteral("http://www.w3.org/2000/svg"));
+    svg.writeAttribute(QStringLiteral("width"), width);
+    svg.writeAttribute(QStringLiteral("height"), height);
+    svg.writeAttribute(QStringLiteral("viewBox"), QStringLiteral("0 0 %1 %2").arg(width, height));
+    svg.writeAttribute(QStringLiteral("font-family"), QStringLiteral("sans-serif"));
+    svg.writeTextElement(QStringLiteral("title"), title);
+    _element(svg, "rect",
+             {{"width", width}, {"height", height}, {"fill", QStringLiteral("#ffffff")}});
+    _element(svg, "rect",
+             {{"x", _number(panel.x())},
+              {"y", _number(panel.y())},
+              {"width", _number(panel.width())},
+              {"height", _number(panel.height())},
+              {"rx", QStringLiteral("6")},
+              {"fill", QStringLiteral("#f1f4f7")},
+              {"stroke", QStringLiteral("#cbd2d9")}});
+    _drawHeading(svg, title, stats);
+    _drawTrack(svg, view);
+    _drawEnds(svg, view, stats);
+    const double footing = panel.bottom() + FOOTING_HEIGHT / 2 + 8;
+    _drawScaleBar(svg, {MARGIN, footing}, view.metresAUnit);
+    _drawNorth(svg, {WIDTH - MARGIN - 8, footing});
+    svg.writeEndDocument();
+    return bytes;
+}

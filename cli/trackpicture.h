@@ -1,0 +1,62 @@
+#ifndef TRACKPICTURE_H
+#define TRACKPICTURE_H
+
+#include "trackstats.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointF>
+#include <QRectF>
+#include <QXmlStreamWriter>
+
+// Draws a track as SVG: its shape in true proportion, north up, with start, end, scale, title,
+// length and time span. Connect the decoder's signal and that of the header texts.
+//
+// Points without a position that counts are left out. The positions are kept until the picture is
+// drawn.
+class cTrackPicture : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The name is the picture's title if the archive has none.
+    explicit cTrackPicture(const QString &name, QObject *parent = nullptr);
+
+    // The picture of all points up to now, of which there must be one at least; stats are theirs.
+    QByteArray svg(const cTrackStats &stats) const;
+
+public Q_SLOTS:
+    void slot_Data(const nmea_data &n);
+    // A numbered text of the archive's header; the first title counts, all others are ignored.
+    void slot_Data(int what, const QString &s);
+
+private:
+    struct POINT_T {
+        double lat;
+        double lon;  // counted on over full turns
+        double time; // seconds since 1970
+    };
+    // From positions to the picture.
+    struct VIEW_T {
+        double west = 0;
+        double north = 0;
+        double xScale = 0; // picture units a degree
+        double yScale = 0;
+        double metresAUnit = 0;
+        QRectF area; // of the track
+        QPointF at(double lat, double lon) const;
+    };
+
+    VIEW_T _view() const;
+    double _longestPause() const;
+    QString _path(const VIEW_T &view, double longestPause) const;
+    void _drawTrack(QXmlStreamWriter &svg, const VIEW_T &view) const;
+    QRectF _placeFor(QSizeF size, QPointF point, const VIEW_T &view, const QRectF &taken) const;
+    void _drawEnds(QXmlStreamWriter &svg, const VIEW_T &view, const cTrackStats &stats) const;
+
+    QString m_title;
+    bool m_titleKnown = false;
+    QList<POINT_T> m_points;
+};
+
+#endif
