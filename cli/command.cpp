@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <unistd.h>
+#include <utility>
 
 QString printable(const QString &text)
 {
@@ -25,8 +26,8 @@ void complain(const QString &message)
     std::fprintf(stderr, "vrk3: %s\n", qPrintable(printable(message)));
 }
 
-cCommand::cCommand(const QString &name, const QString &usage, const QString &summary)
-    : m_name(name), m_usage(usage), m_summary(summary)
+cCommand::cCommand(QString name, QString usage, QString summary)
+    : m_name(std::move(name)), m_usage(std::move(usage)), m_summary(std::move(summary))
 {
 }
 

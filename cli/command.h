@@ -35,7 +35,7 @@ public:
 
 protected:
     // usage is what stands behind the command's name in its help.
-    cCommand(const QString &name, const QString &usage, const QString &summary);
+    cCommand(QString name, QString usage, QString summary);
 
     virtual void addOptions(QCommandLineParser &parser) = 0;
     // Gives what is wrong with the command line; empty if nothing is.

@@ -26,9 +26,9 @@ static const QString TO = QStringLiteral("to");
 
 static const FORMAT_T *_find(const char *FORMAT_T::*key, const QString &value)
 {
-    const auto it = std::find_if(FORMATS.begin(), FORMATS.end(), [&](const FORMAT_T &format) {
-        return value == QLatin1String(format.*key);
-    });
+    const auto *const it =
+        std::find_if(FORMATS.begin(), FORMATS.end(),
+                     [&](const FORMAT_T &format) { return value == QLatin1String(format.*key); });
     return it == FORMATS.end() ? nullptr : it;
 }
 
@@ -76,7 +76,7 @@ QString cConvert::process(const QString &archive)
     if (output.error().isEmpty()) {
         if (!input.error().isEmpty())
             return input.error();
-        const QString nothing = whyNoTrack(account, stats);
+        QString nothing = whyNoTrack(account, stats);
         if (!nothing.isEmpty())
             return nothing;
     }

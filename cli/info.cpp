@@ -28,7 +28,7 @@ QString cInfo::readOptions(const QCommandLineParser &parser)
 QString cInfo::process(const QString &archive)
 {
     cContents contents;
-    const QString failure = contents.read(archive, true);
+    QString failure = contents.read(archive, true);
     if (!failure.isEmpty())
         return failure;
     if (m_json) {

@@ -116,7 +116,8 @@ static void _drawNorth(QXmlStreamWriter &svg, QPointF at)
            {"fill", QLatin1String(INK)}});
 }
 
-cTrackPicture::cTrackPicture(const QString &name, QObject *parent) : QObject(parent), m_title(name)
+cTrackPicture::cTrackPicture(QString name, QObject *parent)
+    : QObject(parent), m_title(std::move(name))
 {
 }
 

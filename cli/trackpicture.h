@@ -20,7 +20,7 @@ class cTrackPicture : public QObject
 
 public:
     // The name is the picture's title if the archive has none.
-    explicit cTrackPicture(const QString &name, QObject *parent = nullptr);
+    explicit cTrackPicture(QString name, QObject *parent = nullptr);
 
     // The picture of all points up to now, of which there must be one at least; stats are theirs.
     QByteArray svg(const cTrackStats &stats) const;

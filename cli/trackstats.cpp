@@ -80,7 +80,7 @@ QString whyNoArchive(const ACCOUNT_T &account)
 
 QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats)
 {
-    const QString reason = whyNoArchive(account);
+    QString reason = whyNoArchive(account);
     if (reason.isEmpty() && stats.textBlocks() == 0)
         return QStringLiteral("it holds no data of a GPS receiver");
     return reason;
