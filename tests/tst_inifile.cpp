@@ -2,6 +2,7 @@
 
 #include <QtTest>
 
+#include <map>
 #include <memory>
 #include <random>
 
@@ -10,9 +11,7 @@ using Table = std::vector<std::pair<string, string>>;
 
 // Shows what the objects share.
 struct Ini : CIniFile {
-    using CIniFile::CIniFile;
     using CIniFile::mDefSettingsRefCount;
-    using CIniFile::mROSettings;
 };
 
 static void put(const QString &name, const string &text)
@@ -30,6 +29,16 @@ static QByteArray text(const QString &name)
 static QByteArray q(const string &bytes) // QCOMPARE shows these.
 {
     return QByteArray::fromStdString(bytes);
+}
+
+template <typename... Text>
+static Table pairs(const Text &...texts)
+{
+    const std::vector<string> flat{texts...};
+    Table table;
+    for (size_t i = 0; i < flat.size(); i += 2)
+        table.emplace_back(flat[i], flat[i + 1]);
+    return table;
 }
 
 class TstIniFile : public QObject
@@ -53,30 +62,42 @@ private Q_SLOTS:
 
     void cleanup() { QCOMPARE(Ini::mDefSettingsRefCount, 0); }
 
-    void noInstalledLayerYet()
+    void layers()
     {
-        QVERIFY(!Ini::mROSettings);
-        CIniFile ini(fresh(), "s");
-        QCOMPARE(q(ini.GetString("a", "default")), "default");
-        ini.WriteString("a", "own");
-        QCOMPARE(q(ini.GetString("a", "default")), "own");
+        CIniFile own(fresh(), "common"); // Before there is an installed layer.
+        QCOMPARE(q(own.GetString("version", "default")), "default");
+        own.WriteString("version", "own");
+        QCOMPARE(q(own.GetString("version", "")), "own");
+        CIniFile ini, other("common");
+        QCOMPARE(q(own.GetString("version", "")), "1.2");
+        QCOMPARE(text(mUserFile), text(mInstalled));
+        ini.WriteString("common", "version", "mine");
+        QCOMPARE(q(ini.GetString("common", "version", "")), "1.2");
+        QCOMPARE(q(other.GetString("empty", "default")), "");
+        ini.WriteString("common", "name", "mine");
+        QCOMPARE(q(other.GetString("name", "")), "mine");
+        QCOMPARE(q(own.GetString("name", "default")), "default");
+        own.WriteString("", "a", "1");
+        QCOMPARE(q(own.GetString("default", "a", "")), "1");
+        QCOMPARE(q(own.GetString("a", "elsewhere")), "elsewhere");
+        own.WriteString("impossible", g_impossibleString);
+        QCOMPARE(q(own.GetString("impossible", "missed")), "missed");
+        own.WriteString("kAZ", "whole");
+        own.WriteString(string("k\0Z", 3), "cut");
+        QCOMPARE(q(own.GetString("k", "") + own.GetString("kAZ", "")), "cutwhole");
     }
 
     void decoration()
     {
-        const Table both{{R"(dir\\file\t)", "dir\\file\t"},
-                         {R"(\xd0\xaf\n)", "\xd0\xaf\n"},
-                         {"\\r\x7f", "\r\x7f"},
-                         {R"(\x01\x00)", string("\1\0", 2)},
-                         {R"(\\x41)", R"(\x41)"},
-                         {g_impossibleString, g_impossibleString}};
-        const Table back{{R"(\q)", R"(\q)"},     {R"(abc\)", "abc"},  {R"(a\x)", "a"},
-                         {R"(a\x4)", "a"},       {R"(\x4g1Z)", "AZ"}, {R"(\x\41)", "A"},
-                         {R"(\x414)", "A4"},     {R"(\xD0)", "\xd0"}, {R"(\\\q\n)", "\\\\q\n"},
-                         {R"(\X41)", R"(\X41)"}, {R"(\x4x1)", "A"}};
-        for (const auto &[stored, value] : both)
+        const Table bothWays = pairs(R"(dir\\file\t)", "dir\\file\t", R"(\xd0\xaf\n)", "\xd0\xaf\n",
+                                     R"(\\x41)", R"(\x41)", "\\r\x7f", "\r\x7f");
+        const Table oneWay =
+            pairs(R"(\q)", R"(\q)", R"(abc\)", "abc", R"(a\x)", "a", R"(a\x4)", "a", R"(\x4g1Z)",
+                  "AZ", R"(\x\41)", "A", R"(\x414)", "A4", R"(\xD0)", "\xd0", R"(\\\q\n)",
+                  "\\\\q\n", R"(\X41)", R"(\X41)", R"(\x4x1)", "A");
+        for (const auto &[stored, value] : bothWays)
             QCOMPARE(q(CIniFile::_decorate(value)), q(stored));
-        for (const Table &table : {both, back})
+        for (const Table &table : {bothWays, oneWay})
             for (const auto &[stored, value] : table)
                 QCOMPARE(q(CIniFile::_undecorate(stored)), q(value));
     }
@@ -84,11 +105,10 @@ private Q_SLOTS:
     // What is written comes back byte for byte: through the decoration, and through a file.
     void decorationOfAnything()
     {
-        std::vector<string> values(2);
+        std::vector<string> values(1);
         for (int byte = 0; byte < 256; ++byte) {
             values.emplace_back(1, static_cast<char>(byte));
             values[0] += values.back() + "A";
-            values[1] += values.back();
         }
         const unsigned seed = std::random_device()();
         std::mt19937 random(seed);
@@ -105,9 +125,8 @@ private Q_SLOTS:
         ini = std::make_unique<CIniFile>(name, "random");
         for (size_t i = 0; i < values.size(); ++i) {
             const string stored = CIniFile::_decorate(values[i]);
-            const bool plain =
-                std::all_of(stored.begin(), stored.end(), [](char c) { return c >= ' '; });
-            if (!plain || CIniFile::_undecorate(stored) != values[i] ||
+            if (std::any_of(stored.begin(), stored.end(), [](char c) { return c < ' '; }) ||
+                CIniFile::_undecorate(stored) != values[i] ||
                 ini->GetString(std::to_string(i), "missed") != values[i])
                 QFAIL(qPrintable(QString("seed %1: %2").arg(seed).arg(stored.c_str())));
         }
@@ -115,71 +134,27 @@ private Q_SLOTS:
 
     void handEdited()
     {
-        for (const auto &[line, value] : Table{{"k=Путь", "Путь"},
-                                               {"k=é ü", "é ü"},
-                                               {R"(k=\xD0\xAF)", "Я"},
-                                               {R"(k=\\xD0\\xAF)", "Я"},
-                                               {R"(k=\xE9)", "é"},
-                                               {R"(k=\x42f)", "Я"},
-                                               {R"(k=a\xd800)", "a?"},
-                                               {R"(k=\xD0\xAF\0\xFF)", "Я"},
-                                               {R"(k=a\qb)", "ab"},
-                                               {R"(k=a\\qb)", R"(a\qb)"},
-                                               {R"(k=abc\\)", "abc"},
-                                               {"k=a, b", ""},
-                                               {R"(k="a, b")", "a, b"},
-                                               {R"(k=\"a\")", "\"a\""},
-                                               {"  k  =  a b  ", "a b"},
-                                               {"k=\"  a \"", "  a "},
-                                               {"k=a;b", "a"},
-                                               {"k=a=b", "a=b"},
-                                               {"k=a\nk=b", "b"},
-                                               {"k=", ""},
-                                               {"k", "missed"},
-                                               {"K=a", "missed"},
-                                               {"k=@Invalid()", ""},
-                                               {string("k=") + g_impossibleString, "missed"},
-                                               {"k=\xff", "\xef\xbf\xbd"},
-                                               {"k=\"a b", "a b\n[t]\nk=other\n"}}) {
+        for (const auto &[line, value] :
+             pairs("k=Путь", "Путь", "k=é ü", "é ü", R"(k=\xD0\xAF)", "Я", R"(k=\\xD0\\xAF)", "Я",
+                   R"(k=\xE9)", "é", R"(k=\x42f)", "Я", R"(k=a\xd800)", "a?", R"(k=\xD0\xAF\0\xFF)",
+                   "Я", R"(k=a\qb)", "ab", R"(k=a\\qb)", R"(a\qb)", R"(k=abc\\)", "abc", "k=a, b",
+                   "", R"(k="a, b")", "a, b", R"(k=\"a\")", R"("a")", " k = a b ", "a b",
+                   R"(k=" a ")", " a ", "k=a;b", "a", "k=a=b", "a=b", "k=a\nk=b", "b", "k=", "",
+                   "k", "-", "K=a", "-", "k=@Invalid()", "", "k=\xff", "\uFFFD", "k=\"a", "a\n")) {
             const string name = fresh();
-            put(name.c_str(), "[s]\n" + line + "\n[t]\nk=other\n");
-            const QByteArray found = q(CIniFile(name, "s").GetString("k", "missed"));
+            put(name.c_str(), "[s]\n" + line + "\n");
+            const QByteArray found = q(CIniFile(name, "s").GetString("k", "-"));
             QVERIFY2(found == q(value), found + " from " + q(line));
         }
-    }
-
-    void layers()
-    {
-        CIniFile ini, other("common");
-        QCOMPARE(text(mUserFile), text(mInstalled));
-        ini.WriteString("common", "version", "mine");
-        QCOMPARE(q(ini.GetString("common", "version", "")), "1.2");
-        QCOMPARE(q(other.GetString("empty", "default")), "");
-        ini.WriteString("common", "name", "mine");
-        QCOMPARE(q(other.GetString("name", "")), "mine");
-        CIniFile own(fresh(), "common");
-        own.WriteString("version", "own");
-        QCOMPARE(q(own.GetString("version", "")), "1.2");
-        QCOMPARE(q(own.GetString("name", "default")), "default");
-        own.WriteString("", "a", "1");
-        QCOMPARE(q(own.GetString("default", "a", "")), "1");
-        QCOMPARE(q(own.GetString("a", "elsewhere")), "elsewhere");
-        own.WriteString("kAZ", "whole");
-        own.WriteString(string("k\0Z", 3), "cut");
-        QCOMPARE(q(own.GetString("k", "") + own.GetString("kAZ", "")), "cutwhole");
     }
 
     void numbers()
     {
         CIniFile ini(fresh(), "s");
-        for (const auto &[stored, number] : Table{{"-7", "-7"},
-                                                  {"2147483647", "2147483647"},
-                                                  {"2147483648", "0"},
-                                                  {"12abc", "0"},
-                                                  {"0x10", "0"},
-                                                  {"", "0"},
-                                                  {"1.5", "0"},
-                                                  {"-2147483648", "-2147483648"}}) {
+
+        for (const auto &[stored, number] :
+             pairs("-7", "-7", "12abc", "0", "0x10", "0", "", "0", "1.5", "0", "2147483647",
+                   "2147483647", "2147483648", "0", "-2147483648", "-2147483648")) {
             ini.WriteString("n", stored);
             const int value = ini.GetInt("n", 5);
             QCOMPARE(q(std::to_string(value)), q(number));
@@ -187,10 +162,9 @@ private Q_SLOTS:
             QCOMPARE(q(ini.GetString("n", "")), q(number));
         }
         QCOMPARE(ini.GetInt("missing", -5), -5);
-        for (const auto &[stored, code] : {std::pair(string("AB\0\xff", 4), 0xFF004241UL),
-                                           {"ABCDE", 0x44434241UL},
-                                           {"A", 0x41UL},
-                                           {"", 0UL}}) {
+        const std::map<string, unsigned long> codes{
+            {string("AB\0\xff", 4), 0xFF004241}, {"ABCDE", 0x44434241}, {"A", 0x41}, {"", 0}};
+        for (const auto &[stored, code] : codes) {
             ini.WriteString("c", stored);
             QCOMPARE(ini.GetFourCC("s", "c", 1), code);
             ini.WriteFourCC("s", "c", 0x1234567800000000UL | code);
@@ -241,7 +215,7 @@ private Q_SLOTS:
     {
         const string first = fresh(), second = fresh();
         {
-            CIniFile ini("keep"), unwritable("/proc/none/settings.ini", "keep");
+            CIniFile ini("keep");
             ini.EnableDefValsCreation(true);
             ini.WriteString("a", "shared");
             ini.SetFile(first);
@@ -252,8 +226,6 @@ private Q_SLOTS:
             ini.SetFile(second);
             QCOMPARE(text(first.c_str()), "[keep]\na=1\n");
             QCOMPARE(q(ini.GetString("a", "made")), "made");
-            QVERIFY(unwritable.WriteString("a", "lost"));
-            QCOMPARE(q(unwritable.GetString("a", "")), "lost");
         }
         QCOMPARE(text(second.c_str()), "[keep]\na=made\n");
     }
@@ -276,23 +248,17 @@ private Q_SLOTS:
         ini.ClearSection("");
         QCOMPARE(left(), "- - - - 1.2");
         ini.WriteString("two", "a", "again");
-        CIniFile().ClearSection();
+        CIniFile().ClearSection(); // The empty section again.
         QCOMPARE(left(), "- - - - 1.2");
     }
 
     void directories()
     {
-        const string home = mHome.path().toStdString();
-        QCOMPARE(q(CIniFile::GetUserDir()), q(home));
-        QCOMPARE(q(CIniFile::GetAppDir() + "/settings.ini"), mInstalled.toLocal8Bit());
-        QCOMPARE(q(CIniFile::GetSettingsDir()), q(home + "/.config/Ostravane"));
-        const QString configs = mHome.filePath(".config/Ostravane/Configs");
-        QVERIFY(!QFileInfo::exists(configs));
-        QCOMPARE(q(CIniFile::GetConfigDir()), configs.toLocal8Bit());
-        QVERIFY(QFileInfo(configs).isDir());
-        qputenv("HOME", "/proc/none");
-        QCOMPARE(q(CIniFile::GetConfigDir()), "/proc/none/.config/Ostravane/Configs");
-        initTestCase();
+        const string settings = mHome.path().toStdString() + "/.config/Ostravane";
+        QCOMPARE(q(CIniFile::GetSettingsDir()), q(settings));
+        QVERIFY(!QFileInfo::exists((settings + "/Configs").c_str()));
+        QCOMPARE(q(CIniFile::GetConfigDir()), q(settings + "/Configs"));
+        QVERIFY(QFileInfo((settings + "/Configs").c_str()).isDir());
     }
 };
 

@@ -1,0 +1,123 @@
+"""What the program remembers, what it starts from, and which language it speaks."""
+import configparser
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import unittest
+
+import desktop
+
+KEYS = "winLeft", "winTop", "winWidth", "winHeight", "fullscreen"
+STOP = "File %s not found. Please reinstall the application.\n"
+
+
+def xdotool(*arguments):
+    return subprocess.run(["xdotool", *arguments], check=True, capture_output=True, text=True).stdout
+
+
+def stands(place):
+    """An act of a session: wait until the frame has this place and size on the screen."""
+    def act(program, window):
+        desktop.wait_for(place, lambda: " ".join(re.findall(
+            r"=(-?\d+)", xdotool("getwindowgeometry", "--shell", window))[1:5]) == place)
+    return act
+
+
+def move(place):
+    def act(program, window):
+        x, y, width, height = place.split()
+        xdotool("windowmove", window, x, y, "windowsize", window, width, height)
+        stands(place)(program, window)
+    return act
+
+
+def toggle(before, after):
+    return lambda program, window: (program.press("push button", before),
+                                    program.find("push button", after))
+
+
+class SettingsTest(desktop.Case):
+    def setUp(self):
+        super().setUp()
+        (self.folder / "a.vrk3").touch()
+        self.user_file = self.home / ".config/Ostravane/settings.ini"
+
+    def session(self, act=lambda program, window: None, **environment):
+        """Starts, acts on the frame and cancels; gives what the settings hold by then."""
+        with self.start("a.vrk3", **environment) as program:
+            button = program.find("push button", "Cancel")
+            act(program, xdotool("search", "--onlyvisible", "--name", "^VrkTrk$").strip())
+            button.do_action(0)
+        settings = configparser.ConfigParser()
+        settings.read(self.user_file)
+        return " ".join(settings["vrktrk.session"][key] for key in KEYS)
+
+    def test_comes_back_as_it_was(self):
+        first, moved = "100 100 480 220", "210 133 515 301"
+        maximise, restore = ("Развернуть", "Восстановить"), ("Восстановить", "Развернуть")
+        for act, stored in ((stands(first), first + " false"), (move(moved), moved + " false"),
+                            (toggle(*maximise), moved + " true"),
+                            (stands("0 0 1280 1024"), moved + " true"),
+                            (toggle(*restore), moved + " false"), (stands(moved), moved + " false")):
+            self.assertEqual(self.session(act), stored)
+
+    def test_does_not_creep(self):
+        for scale in "1", "2":
+            first = self.session(move("211 133 998 576"), QT_SCALE_FACTOR=scale)
+            later = [self.session(QT_SCALE_FACTOR=scale) for _ in range(10)]
+            self.assertEqual(later, 10 * [first])
+
+    def test_leaves_the_settings_alone(self):
+        def give_up():
+            with self.start() as program:
+                program.press("push button", "Cancel")
+
+        give_up()
+        self.assertFalse(self.user_file.parent.exists())
+        self.session()
+        before = self.user_file.read_bytes(), self.user_file.stat()
+        give_up()
+        self.assertEqual((self.user_file.read_bytes(), self.user_file.stat()), before)
+        self.user_file.chmod(0o444)
+        self.session(move("210 133 515 301"))
+        self.assertEqual(self.user_file.read_bytes(), before[0])
+
+    def test_first_start(self):
+        """By the user's file, the one beside the program, and a home that may not be there."""
+        built = os.environ["VRKTRK_PROGRAM"]
+        self.addCleanup(os.environ.update, VRKTRK_PROGRAM=built)
+        os.environ["VRKTRK_PROGRAM"] = shutil.copy(built, self.folder)
+        installed = self.folder / "settings.ini"
+        for user, beside, home, starts in (
+                ("", "", self.home, False), ("", "[a]\nb=1\n", "/proc/none", False),
+                ("", "[a]\nb=1\n", self.home, True), ("[a]\nb=2\n", "[a]\nb=1\n", self.home, True),
+                ("[a]\nb=2\n", "", self.home, True)):
+            for path, text in (self.user_file, user), (installed, beside):
+                path.parent.mkdir(parents=True, exist_ok=True)
+                path.write_text(text) if text else path.unlink(missing_ok=True)
+            with self.subTest(user=user, beside=beside, home=home):
+                if starts:
+                    self.assertEqual(self.session(), "100 100 480 220 false")
+                    self.assertIn(user or beside, self.user_file.read_text())
+                else:
+                    ended = subprocess.run([os.environ["VRKTRK_PROGRAM"], "a.vrk3"], cwd=self.folder,
+                                           env={**os.environ, "HOME": str(home)}, text=True,
+                                           capture_output=True, timeout=desktop.PATIENCE)
+                    self.assertEqual((ended.returncode, ended.stderr), (1, STOP % installed))
+
+    def test_languages(self):
+        """The program's own texts and Qt's, and a format told by its translated text."""
+        for language, gpx, save, cancel in (
+                ("en_US", "GPS Exchange Format (.gpx)", "Save", "Cancel"),
+                ("ru_RU", "Обменный формат GPS (.gpx)", "Сохранить", "Отмена")):
+            with self.start("a.vrk3", LANG=language + ".UTF-8") as program:
+                program.press("radio button", gpx)
+                program.press("push button", "OK")
+                program.find("dialog", save)
+                self.assertEqual(program.find("text").get_text(0, -1), "a.gpx")
+                program.press("push button", cancel)
+
+
+unittest.main()
