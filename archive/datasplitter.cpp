@@ -118,15 +118,16 @@ qsizetype cDataSplitter::_firstZero(int pos) const
     return m_zeroFreeTo - m_head;
 }
 
-qsizetype cDataSplitter::find_quint32(quint32 a, quint32 b, char mark) const
+qsizetype cDataSplitter::find_quint32(quint32 a, quint32 b, char mark, qsizetype limit) const
 {
     const char *const p = _front();
-    const qsizetype end = qMax<qsizetype>(0, size() - 3); // four bytes lie behind each offset below
+    // Four bytes lie behind each offset below.
+    const qsizetype end = qBound<qsizetype>(0, limit, qMax<qsizetype>(0, size() - 3));
     qsizetype i = 0;
     while (i < end) {
         // memchr is the fastest way over bytes without a mark. Behind each mark one whole step is
         // taken, so that text full of marks does not call it for every byte.
-        const void *const found = std::memchr(p + i, mark, size_t(size() - i));
+        const void *const found = std::memchr(p + i, mark, size_t(end + 3 - i));
         if (!found)
             return end;
         i = qMax(i, static_cast<const char *>(found) - p - 3);

@@ -49,10 +49,10 @@ public:
     quint16 get_quint16(int &pos) { return _get<quint16>(pos); }
     quint32 get_quint32(int &pos) { return _get<quint32>(pos); }
     quint32 peek_quint32() const { return _peek<quint32>(0); }
-    // Offset of the first four bytes that read as a or b; the first offset without four bytes
-    // behind it if there are none such. The mark is a byte that stands in both values: the rarer it
-    // is in the buffer, the faster the search.
-    qsizetype find_quint32(quint32 a, quint32 b, char mark) const;
+    // Offset of the first four bytes that read as a or b, if it is below limit; else limit, or the
+    // first offset without four bytes behind it. The mark is a byte that stands in both values: the
+    // rarer it is in the buffer, the faster the search.
+    qsizetype find_quint32(quint32 a, quint32 b, char mark, qsizetype limit) const;
 
     // Drops the first n bytes.
     void skip(qsizetype n)

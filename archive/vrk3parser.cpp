@@ -1,5 +1,7 @@
 #include "vrk3parser.h"
 
+#include <utility>
+
 static bool _isAccepted(int type)
 {
     return type == STREAM_EXT || type == STREAM_TYPE_2 || type == STREAM_TYPE_4 ||
@@ -50,7 +52,7 @@ void cVrk3Parser::_parseHDR()
     }
     m_data.skip(pos);
     m_account.hdr += pos;
-    _acceptHDR(hdr);
+    _acceptHDR(std::move(hdr));
     m_state = STATE_IDX;
     Q_EMIT signal_Data(m_hdr);
 }
@@ -78,7 +80,8 @@ bool cVrk3Parser::_readHDR(HDR_T &hdr, int &pos)
             hdr.streams.append(stream);
     }
     pos = hdr.hdrLen;
-    hdr.texts.resize(TAG_MAX + 1);
+    static const QList<QByteArray> noTexts(TAG_MAX + 1);
+    hdr.texts = noTexts;
     while (pos < end) {
         const int tag = m_data.get_quint8(pos);
         if (tag >= 1 && tag <= TAG_MAX && !_readString(pos, hdr.texts[tag]))
@@ -103,21 +106,18 @@ void cVrk3Parser::_refuseHDR()
 {
     constexpr int titlePos = 8;
     m_openString = 0;
-    qsizetype n = 1;
-    if (m_hdr.magic == HDR_MAGIC) {
-        m_state = STATE_IDX;
-    } else {
-        // Only a HDR record is looked for: no magic at which a title would be open for too long in
-        // the bytes already searched needs to be tried. Without this, magic upon magic without a
-        // zero byte would be refused one by one.
-        n = qMax<qsizetype>(n, titlePos + m_data.zero_free(titlePos) - HDR_STRING_LIMIT + 1);
-    }
-    _drop(n);
+    // Where the bytes already searched leave a title open for too long, no further HDR magic needs
+    // to be tried. Without this, magic upon magic without a zero byte would be refused one by one.
+    const qsizetype open = titlePos + m_data.zero_free(titlePos) - HDR_STRING_LIMIT + 1;
+    const qsizetype n = qMax<qsizetype>(1, open);
+    const bool tableInForce = m_hdr.magic == HDR_MAGIC;
+    m_state = tableInForce ? STATE_IDX : STATE_HDR;
+    _drop(tableInForce ? m_data.find_quint32(IDX_MAGIC, IDX_MAGIC, MAGIC_MARK, n) : n);
 }
 
-void cVrk3Parser::_acceptHDR(const HDR_T &hdr)
+void cVrk3Parser::_acceptHDR(HDR_T &&hdr)
 {
-    m_hdr = hdr;
+    m_hdr = std::move(hdr);
     m_entryOf.fill(-1);
     for (int i = int(m_hdr.streams.size()) - 1; i >= 0; --i)
         m_entryOf[m_hdr.streams.at(i).id] = i; // from behind, so that the first entry of an id wins
@@ -246,7 +246,7 @@ quint32 cVrk3Parser::_scan(quint32 a, quint32 b)
 {
     quint32 front = m_data.peek_quint32();
     if (front != a && front != b) {
-        _drop(m_data.find_quint32(a, b, MAGIC_MARK));
+        _drop(m_data.find_quint32(a, b, MAGIC_MARK, m_data.size()));
         front = m_data.peek_quint32();
     }
     return front;

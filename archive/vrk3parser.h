@@ -76,7 +76,7 @@ private:
     bool _readHDR(HDR_T &hdr, int &pos);
     bool _readString(int &pos, QByteArray &string);
     void _refuseHDR();
-    void _acceptHDR(const HDR_T &hdr);
+    void _acceptHDR(HDR_T &&hdr);
     quint32 _scan(quint32 a, quint32 b);
     void _drop(qsizetype n);
     void _lose(const DATA_T &unfinished);

@@ -164,7 +164,8 @@ void tst_Vrk3Parser::search()
             ++wanted;
         cDataSplitter s;
         s.append(bytes);
-        QCOMPARE(s.find_quint32(HDR_MAGIC, IDX_MAGIC, MAGIC_MARK), wanted);
+        const qsizetype limit = random.bounded(300);
+        QCOMPARE(s.find_quint32(HDR_MAGIC, IDX_MAGIC, MAGIC_MARK, limit), qMin(wanted, limit));
     }
 }
 
@@ -224,6 +225,10 @@ void tst_Vrk3Parser::records_data()
 
     // Both lengths 0: no record. The table in force stays, and IDX records are found.
     const QByteArray empty = QByteArray::fromHex("b5b505b5 00000000");
+    QTest::newRow("magics without a zero byte")
+        << example + QByteArray::fromHex("b5b505b541414141").repeated(200'000) +
+               QByteArray(HDR_STRING_LIMIT, 'x') + example.mid(21)
+        << exampleSignals + exampleSignals.mid(1) << qint64(0);
     QTest::newRow("empty header") << empty + empty << QByteArrayList() << qint64(3);
     QTest::newRow("empty header behind a good one")
         << example + empty + example.mid(21) << exampleSignals + exampleSignals.mid(1) << qint64(0);

@@ -1,0 +1,111 @@
+// The walk through an archive, by what the archive holds.
+#include "archivewriter.h"
+#include "vrk3parser.h"
+
+#include <QRandomGenerator>
+
+#include <benchmark/benchmark.h>
+
+namespace
+{
+constexpr qsizetype CHUNK = 65536; // as the programs read
+
+class cListener : public QObject
+{
+    Q_OBJECT
+
+public:
+    qint64 blocks = 0;
+
+public Q_SLOTS:
+    void slot_Data(const DATA_T &) { ++blocks; }
+
+Q_SIGNALS:
+    void signal_Data(const DATA_T &d);
+};
+
+QByteArray _beginning()
+{
+    cArchiveWriter w;
+    w.header("T", {{2, 2}, {253, 4}});
+    w.index(0, 0);
+    return w.take();
+}
+
+// Feeds the pattern again and again, in chunks, to a parser that has somebody listening.
+void _walk(benchmark::State &state, const QByteArray &beginning, QByteArray pattern)
+{
+    while (pattern.size() % CHUNK != 0 || pattern.size() < CHUNK)
+        pattern += pattern; // whole chunks, so that the pattern goes on where it ended
+    QByteArrayList chunks;
+    for (qsizetype pos = 0; pos < pattern.size(); pos += CHUNK)
+        chunks += pattern.mid(pos, CHUNK);
+    cVrk3Parser parser;
+    cListener listener;
+    QObject::connect(&parser, SIGNAL(signal_Data(DATA_T)), &listener, SLOT(slot_Data(DATA_T)));
+    parser.slot_Data(beginning);
+    qsizetype next = 0;
+    for (auto _ : state) {
+        parser.slot_Data(chunks.at(next));
+        next = (next + 1) % chunks.size();
+    }
+    state.SetBytesProcessed(state.iterations() * CHUNK);
+    if (listener.blocks > 0)
+        state.counters["per block"] = benchmark::Counter(
+            double(listener.blocks), benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
+QByteArray _blocks(int payload)
+{
+    cArchiveWriter w;
+    w.block(2, QByteArray(payload, 'x'));
+    return w.take();
+}
+
+void noise(benchmark::State &state)
+{
+    QRandomGenerator random(1);
+    QByteArray bytes(16 * CHUNK, Qt::Uninitialized);
+    random.fillRange(reinterpret_cast<quint32 *>(bytes.data()), bytes.size() / 4);
+    _walk(state, {}, bytes);
+}
+
+void largeBlocks(benchmark::State &state)
+{
+    _walk(state, _beginning(), _blocks(65532));
+}
+
+void blocksOf40Bytes(benchmark::State &state)
+{
+    _walk(state, _beginning(), _blocks(36));
+}
+
+void recordsOnly(benchmark::State &state)
+{
+    _walk(state, _beginning(), _beginning());
+}
+
+// What a block's signal costs by itself, without a parser.
+void bareSignal(benchmark::State &state)
+{
+    cListener sender;
+    cListener listener;
+    QObject::connect(&sender, SIGNAL(signal_Data(DATA_T)), &listener, SLOT(slot_Data(DATA_T)));
+    const DATA_T d;
+    for (auto _ : state)
+        Q_EMIT sender.signal_Data(d);
+    benchmark::DoNotOptimize(listener.blocks);
+}
+} // namespace
+
+BENCHMARK(noise);
+BENCHMARK_CAPTURE(_walk, onlyB5, QByteArray(), QByteArray("\xB5"));
+BENCHMARK_CAPTURE(_walk, only05, QByteArray(), QByteArray("\x05"));
+BENCHMARK_CAPTURE(_walk, magicsWithoutZero, QByteArray(), QByteArray("\xB5\xB5\x05\xB5"));
+BENCHMARK_CAPTURE(_walk, magicsBehindHeader, _beginning(), QByteArray("\xB5\xB5\x05\xB5xxxx"));
+BENCHMARK(largeBlocks);
+BENCHMARK(blocksOf40Bytes);
+BENCHMARK(bareSignal);
+BENCHMARK(recordsOnly);
+
+#include "bench_archive.moc"

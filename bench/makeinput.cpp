@@ -1,0 +1,103 @@
+// makeinput KIND MEBIBYTES FILE: writes an input for the comparisons, at least so long. The same
+// bytes on every machine.
+#include "archivewriter.h"
+#include "receivertext.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+
+#include <cstdio>
+#include <cstring>
+
+namespace
+{
+constexpr qsizetype MEBIBYTE = 1 << 20;
+// Text in one block, as a recorder that writes every few seconds has it.
+constexpr qsizetype TEXT_BLOCK = 2000;
+
+QByteArray _fill(const QByteArray &pattern)
+{
+    return pattern.repeated(MEBIBYTE / pattern.size() + 1);
+}
+
+// About a mebibyte of the given kind; the first one has what an archive begins with. Empty for a
+// kind that is not known.
+class cInput
+{
+public:
+    QByteArray next(const char *kind)
+    {
+        const auto is = [kind](const char *name) { return std::strcmp(kind, name) == 0; };
+        if (is("noise"))
+            return _noise();
+        if (is("b5"))
+            return QByteArray(MEBIBYTE, '\xB5');
+        if (is("magics"))
+            return _fill("\xB5\xB5\x05\xB5");
+        if (is("text"))
+            return _text();
+        if (!m_begun) {
+            m_writer.header("A drive", {{2, 2}, {253, 4}});
+            m_writer.index(0, 0);
+            m_begun = true;
+        }
+        if (is("others")) { // a camera's stream, say, and now and then the receiver
+            for (int i = 0; i < 32; ++i)
+                m_writer.block(2, QByteArray(32000, 'v'));
+            m_writer.block(253, m_receiver.second());
+        } else if (is("blocks40")) {
+            const QByteArray payload(36, 'x');
+            while (m_writer.bytes().size() < MEBIBYTE)
+                m_writer.block(2, payload);
+        } else if (is("receiver")) {
+            const QByteArray text = _text();
+            for (qsizetype pos = 0; pos < text.size(); pos += TEXT_BLOCK)
+                m_writer.block(253, text.mid(pos, TEXT_BLOCK));
+        } else {
+            return {};
+        }
+        return m_writer.take();
+    }
+
+private:
+    QByteArray _noise()
+    {
+        QByteArray bytes(MEBIBYTE, Qt::Uninitialized);
+        m_random.fillRange(reinterpret_cast<quint32 *>(bytes.data()), bytes.size() / 4);
+        return bytes;
+    }
+
+    QByteArray _text()
+    {
+        QByteArray text;
+        while (text.size() < MEBIBYTE)
+            text += m_receiver.second();
+        return text;
+    }
+
+    cArchiveWriter m_writer;
+    cReceiverText m_receiver;
+    QRandomGenerator m_random{1};
+    bool m_begun = false;
+};
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const qint64 size = argc == 4 ? QByteArray(argv[2]).toLongLong() * MEBIBYTE : 0;
+    QFile file(argc == 4 ? QString::fromLocal8Bit(argv[3]) : QString());
+    if (size <= 0 || !file.open(QIODevice::WriteOnly)) {
+        std::fprintf(stderr, "usage: makeinput noise|b5|magics|others|blocks40|receiver|text "
+                             "MEBIBYTES FILE\n");
+        return 2;
+    }
+    cInput input;
+    while (file.pos() < size) {
+        const QByteArray bytes = input.next(argv[1]);
+        if (bytes.isEmpty() || file.write(bytes) != bytes.size()) {
+            std::fprintf(stderr, "makeinput: cannot write %s\n", argv[3]);
+            return 1;
+        }
+    }
+    return 0;
+}
