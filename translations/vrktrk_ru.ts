@@ -59,7 +59,7 @@
     </message>
     <message>
         <source>Выберите этот формат для просмотра полученного GPS трека в программе GoogleEarth или на сайте https://maps.google.com/</source>
-        <translation>Выберите этот формат для просмотра полученного GPS-трека в программе GoogleEarth или на сайте https://maps.google.com/</translation>
+        <translation>Выберите этот формат для просмотра полученного трека GPS в программе GoogleEarth или на сайте https://maps.google.com/</translation>
     </message>
     <message>
         <source>GoogleEarth KML (.kml)</source>
@@ -67,7 +67,7 @@
     </message>
     <message>
         <source>&lt;b&gt;Выберите формат GPS трека для сохранения&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;Необходимый формат сохранения зависит от используемого Вами ПО. Пожалуйста проверьте допустимые для Вашего ПО  форматы в его инструкции.&lt;/font&gt;</source>
-        <translation>&lt;b&gt;Выберите формат GPS-трека для сохранения&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;Необходимый формат сохранения зависит от используемого Вами ПО. Пожалуйста, проверьте допустимые для Вашего ПО форматы в его инструкции.&lt;/font&gt;</translation>
+        <translation>&lt;b&gt;Выберите формат трека GPS для сохранения&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;Необходимый формат сохранения зависит от используемого Вами ПО. Пожалуйста, проверьте допустимые для Вашего ПО форматы в его инструкции.&lt;/font&gt;</translation>
     </message>
 </context>
 <context>
