@@ -6,5 +6,6 @@ foreach(name IN ITEMS window wayland settings)
                 ${CMAKE_CURRENT_SOURCE_DIR}/e2e/test_${name}.py)
     set_tests_properties(e2e_${name} PROPERTIES
         TIMEOUT 600
-        ENVIRONMENT "VRKTRK_PROGRAM=$<TARGET_FILE:VrkTrk>;PYTHONDONTWRITEBYTECODE=1")
+        ENVIRONMENT "VRKTRK_PROGRAM=$<TARGET_FILE:VrkTrk>;PYTHONDONTWRITEBYTECODE=1;\
+LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/leaks.supp:print_suppressions=0")
 endforeach()

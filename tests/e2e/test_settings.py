@@ -48,7 +48,8 @@ class SettingsTest(desktop.Case):
         """Starts, acts on the frame and cancels; gives what the settings hold by then."""
         with self.start("a.vrk3", **environment) as program:
             button = program.find("push button", "Cancel")
-            act(program, xdotool("search", "--onlyvisible", "--name", "^VrkTrk$").strip())
+            act(program, xdotool("search", "--sync", "--onlyvisible",
+                                 "--name", "^VrkTrk$").strip())
             button.do_action(0)
         settings = configparser.ConfigParser()
         settings.read(self.user_file)
