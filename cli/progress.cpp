@@ -10,7 +10,7 @@ static constexpr qint64 INTERVAL_MS = 100;
 static constexpr int BAR_WIDTH = 40;
 
 cProgress::cProgress(const QString &name, qint64 size, bool enabled)
-    : m_name(printable(name)),
+    : m_name(printable(displayName(name, QStringLiteral("standard input")))),
       m_size(size),
       m_enabled(enabled && ::isatty(STDERR_FILENO) == 1),
       m_nextShow(PATIENCE_MS)

@@ -26,7 +26,6 @@ class tst_samebytes : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void sameBytes_data();
     void sameBytes();
 
 private:
@@ -67,73 +66,56 @@ QByteArray tst_samebytes::_archive()
     return archive.take();
 }
 
+// A few stretches removed, replaced or put in, and sometimes the end cut off.
 QByteArray tst_samebytes::_damaged(QByteArray archive)
 {
     for (int i = _below(4); i > 0; --i) {
-        const int pos = _below(int(archive.size()));
-        switch (_below(4)) {
-        case 0:
-            archive[pos] = char(_below(256));
-            break;
-        case 1:
-            archive.remove(pos, 1 + _below(40));
-            break;
-        case 2:
-            archive.insert(pos, QByteArray(1 + _below(40), char(_below(256))));
-            break;
-        default:
-            archive.truncate(qMax(pos, 1));
-        }
+        const QByteArray noise(_below(40), char(_below(256)));
+        archive.replace(_below(int(archive.size())), _below(40), noise);
     }
-    return archive;
-}
-
-void tst_samebytes::sameBytes_data()
-{
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<QString>("filter");
-    QTest::newRow("txt") << "raw" << "Raw GPS output file (*.txt)";
-    QTest::newRow("gpx") << "gpx" << "GPS Exchange Format (*.gpx)";
-    QTest::newRow("plt") << "plt" << "OziExplorer track (*.plt)";
-    QTest::newRow("kml") << "kml" << "GoogleEarth track (*.kml)";
+    return _below(4) ? archive : archive.left(1 + _below(int(archive.size())));
 }
 
 void tst_samebytes::sameBytes()
 {
-    QFETCH(QString, format);
-    QFETCH(QString, filter);
     const quint32 seed = qEnvironmentVariableIsSet("VRKTRK_SEED")
                              ? qEnvironmentVariable("VRKTRK_SEED").toUInt()
                              : QRandomGenerator::global()->generate();
     m_random.seed(seed);
-    const QByteArray hint = "VRKTRK_SEED=" + QByteArray::number(seed);
-
+    const QString hint = QString("VRKTRK_SEED=%1, %2").arg(seed);
     QTemporaryDir folder;
-    QStringList arguments{"convert", "-q", "--to", format};
-    QList<QByteArray> expected;
+    QStringList names;
+    QList<QByteArray> archives;
     for (int i = 0; i < 150; ++i) {
-        const QByteArray archive = i % 3 ? _damaged(_archive()) : _archive();
-        QFile file(folder.filePath(QString::number(i) + ".vrk3"));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(archive) == archive.size());
-        arguments << file.fileName();
-        cSink sink;
-        {
-            cGpsChain chain(filter, &sink);
-            connect(&chain.parser(), SIGNAL(signal_Data(DATA_T)), &sink, SLOT(slot_Data(DATA_T)));
-            chain.parser().slot_Data(archive);
-        }
-        expected << (sink.gpsBlocks ? sink.bytes : QByteArray("no output"));
+        archives << (i % 3 ? _damaged(_archive()) : _archive());
+        names << folder.filePath(QString::number(i));
+        QFile file(names.constLast() + ".vrk3");
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(archives.at(i)) > 0);
     }
-    const bool anyFails = expected.contains("no output");
-    QProcess vrk3;
-    vrk3.start(VRK3, arguments);
-    QVERIFY(vrk3.waitForFinished(120000));
-    QVERIFY2(vrk3.exitStatus() == QProcess::NormalExit && vrk3.exitCode() == anyFails, hint);
-    for (int i = 0; i < expected.size(); ++i) {
-        const QString extension = format == "raw" ? QString("txt") : format;
-        QFile file(folder.filePath(QString("%1.%2").arg(i).arg(extension)));
-        const QByteArray got = file.open(QIODevice::ReadOnly) ? file.readAll() : "no output";
-        QVERIFY2(got == expected.at(i), hint + ", archive " + QByteArray::number(i));
+    for (const QString format : {"txt", "gpx", "plt", "kml"}) {
+        QStringList arguments{"convert", "-q", "--to", format == "txt" ? "raw" : format};
+        for (const QString &name : names)
+            arguments << name + ".vrk3";
+        QProcess vrk3;
+        vrk3.start(VRK3, arguments);
+        QVERIFY(vrk3.waitForFinished(120000));
+        bool anyFailed = false;
+        for (int i = 0; i < names.size(); ++i) {
+            cSink sink;
+            {
+                cGpsChain chain("Any name (*." + format + ")", &sink);
+                connect(&chain.parser(), SIGNAL(signal_Data(DATA_T)), &sink,
+                        SLOT(slot_Data(DATA_T)));
+                chain.parser().slot_Data(archives.at(i));
+            }
+            anyFailed |= sink.gpsBlocks == 0;
+            QFile file(names.at(i) + '.' + format);
+            const QByteArray none = "no output";
+            const QByteArray got = file.open(QIODevice::ReadOnly) ? file.readAll() : none;
+            QVERIFY2(got == (sink.gpsBlocks ? sink.bytes : none),
+                     qPrintable(hint.arg(file.fileName())));
+        }
+        QVERIFY2(vrk3.exitCode() == anyFailed, qPrintable(hint.arg(format)));
     }
 }
 
