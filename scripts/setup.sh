@@ -8,7 +8,7 @@ declare -A packages=(
     # A virtual desktop, with the means to press, type and look on it.
     [desktop]="xvfb xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core python3
                python3-gi gir1.2-atspi-2.0 locales util-linux"
-    [tests]="qt6-wayland weston"
+    [tests]="qt6-wayland weston gdal-bin gpsbabel libxml2-utils man-db python3-jsonschema"
     [checks]="git clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev"
 )
 
