@@ -42,8 +42,8 @@ need_locales() {
     done
 }
 
-# build PRESET: configures and builds build/PRESET.
+# build PRESET [FOLDER...]: configures build/PRESET and builds what is in these folders, or all.
 build() {
     cmake --preset "$1"
-    cmake --build --preset "$1" -j "$(nproc)"
+    cmake --build --preset "$1" -j "$(nproc)" ${2+--target "${@:2}"}
 }

@@ -32,10 +32,10 @@ import unittest
 PATIENCE = 30  # seconds; under sanitizers and on a busy machine everything takes long
 
 
-def wait_for(what, probe):
+def wait_for(what, probe, is_hopeless=lambda: False):
     """Calls probe until it gives something true, which is the result."""
     end = time.monotonic() + PATIENCE
-    while time.monotonic() < end:
+    while time.monotonic() < end and not is_hopeless():
         found = probe()
         if found:
             return found
@@ -166,7 +166,8 @@ class Program:
     def find(self, role, name=None, **states):
         """Waits for what shows() looks for."""
         return wait_for(lambda: f"{role} {name!r}, {self._state()}",
-                        lambda: self.shows(role, name, **states))
+                        lambda: self.shows(role, name, **states),
+                        lambda: self.process.poll() is not None)
 
     def press(self, role, name):
         self.find(role, name).do_action(0)
