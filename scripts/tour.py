@@ -28,6 +28,7 @@ def tour(screen, archive, folder, home):
 def main():
     os.environ["VRKTRK_PROGRAM"], archive, folder = (os.path.abspath(name) for name in sys.argv[1:])
     pathlib.Path(folder).mkdir(parents=True, exist_ok=True)
+    os.chdir(folder)
     screen = desktop.Desktop()
     try:
         with tempfile.TemporaryDirectory() as home:
