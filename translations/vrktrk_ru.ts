@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>GPS Exchange Format (*.gpx)</source>
-        <translation>Обменный формат GPS (*.gpx)</translation>
+        <translation>Формат GPX (*.gpx)</translation>
     </message>
     <message>
         <source>OziExplorer track (*.plt)</source>
@@ -55,7 +55,7 @@
     </message>
     <message>
         <source>GPS Exchange Format (.gpx)</source>
-        <translation>Обменный формат GPS (.gpx)</translation>
+        <translation>Формат GPX (.gpx)</translation>
     </message>
     <message>
         <source>Выберите этот формат для просмотра полученного GPS трека в программе GoogleEarth или на сайте https://maps.google.com/</source>

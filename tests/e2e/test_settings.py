@@ -112,7 +112,7 @@ class SettingsTest(desktop.Case):
         """The program's own texts and Qt's, and a format told by its translated text."""
         for language, gpx, save, cancel in (
                 ("en_US", "GPS Exchange Format (.gpx)", "Save", "Cancel"),
-                ("ru_RU", "Обменный формат GPS (.gpx)", "Сохранить", "Отмена")):
+                ("ru_RU", "Формат GPX (.gpx)", "Сохранить", "Отмена")):
             with self.start("a.vrk3", LANG=language + ".UTF-8") as program:
                 program.press("radio button", gpx)
                 program.press("push button", "OK")
