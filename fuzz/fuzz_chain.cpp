@@ -17,6 +17,21 @@ public Q_SLOTS:
     void slot_Data(const QByteArray &a) { bytes += a; }
 };
 
+// Strings that stay open for a mebibyte are out of a fuzzer's reach. So in an input that begins
+// with 0xFE the next few of these bytes stand for a long run of text each.
+QByteArray _expanded(QByteArray input)
+{
+    constexpr char run = '\xFE';
+    if (!input.startsWith(run))
+        return input;
+    input.remove(0, 1);
+    for (int i = 0; i < 3; ++i) {
+        if (const qsizetype at = input.indexOf(run); at >= 0)
+            input.replace(at, 1, QByteArray(400'000, 'x'));
+    }
+    return input;
+}
+
 void _checkAccount(const ACCOUNT_T &a, qsizetype size)
 {
     require(a.received == size, "the parser knows how much it received");
@@ -50,7 +65,7 @@ QByteArray _run(const QByteArray &input, const char *filter, bool whole)
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
-    const QByteArray input = inputOf(data, size);
+    const QByteArray input = _expanded(inputOf(data, size));
     for (const char *const filter : {"(*.txt)", "(*.gpx)", "(*.plt)", "(*.kml)"})
         require(_run(input, filter, true) == _run(input, filter, false),
                 "the output does not depend on how the archive is cut");

@@ -17,13 +17,15 @@ inline void require(bool condition, const char *message)
     std::abort();
 }
 
-// Cuts an input into chunks of which each is as long as its own bytes say, 1 to 200 bytes: the
-// fuzzer decides where the cuts lie.
+// Cuts an input into chunks of which each is as long as its own first byte says, up to 200 bytes,
+// or up to some 70,000 where the input is large: the fuzzer decides where the cuts lie.
 template <typename F>
 void inChunks(const QByteArray &input, F &&feed)
 {
+    constexpr qsizetype large = 65536;
+    const qsizetype longest = input.size() > large ? large + 4000 : 200;
     for (qsizetype pos = 0; pos < input.size();) {
-        const qsizetype n = 1 + (static_cast<unsigned char>(input.at(pos)) * 7 + pos) % 200;
+        const qsizetype n = 1 + (static_cast<unsigned char>(input.at(pos)) * 7919 + pos) % longest;
         feed(input.mid(pos, n));
         pos += n;
     }

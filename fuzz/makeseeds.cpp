@@ -51,6 +51,16 @@ QByteArray _damaged()
     w.block(253, "$GPRMC,1,A", FRAGMENT_MIDDLE);
     return w.take();
 }
+// A header whose title does not end, behind a good one and ahead of a group.
+QByteArray _open()
+{
+    cArchiveWriter w;
+    w.header("T", {{253, 4}});
+    w.rawBytes("\xB5\xB5\x05\xB5 \xB5\xB5\x05\xB5 \xFE\xFE\xFE");
+    w.index(0, 0);
+    w.block(253, _sentences().first(70));
+    return w.take();
+}
 } // namespace
 
 int main(int argc, char **argv)
@@ -64,6 +74,7 @@ int main(int argc, char **argv)
                            "[vrktrk.session]\nwinHeight=220\na=@ByteArray(x)\n";
     const bool done = _write(folder + "/fuzz_chain", "rich", _rich()) &&
                       _write(folder + "/fuzz_chain", "damaged", _damaged()) &&
+                      _write(folder + "/fuzz_chain", "open", "\xFE" + _open()) &&
                       _write(folder + "/fuzz_nmea", "sentences", _sentences()) &&
                       _write(folder + "/fuzz_undecorate", "escapes", "a\\\\b\\x41\\n\\q\\") &&
                       _write(folder + "/fuzz_inifile", "file", ini);

@@ -1,0 +1,163 @@
+"""Times the programs side by side with something that people know, and prints a table.
+
+Usage: bench/compare [ROW...]    all rows without one
+"""
+import contextlib
+import os
+import pathlib
+import subprocess
+import sys
+import time
+
+import measure
+from measure import VRK3, VRKTRK, WORK, make_input, pairs, run
+from Xlib import X, display
+
+RUNS = 5
+GPSBABEL_FORMAT = {"gpx": "gpx", "plt": "ozi", "kml": "kml"}
+
+
+def convert(to, archive, output="-"):
+    return run(VRK3, "convert", "-q", "--overwrite", "--to", to, "-o", output, archive)
+
+
+def row(name, what, against, figure, a, b, ratio, goal):
+    print(f"| `{name}` | {what} | {against} | {figure} | {a:.3f} s | {b:.3f} s | {ratio} | {goal} |",
+          flush=True)
+
+
+def walk(name, what, kind):
+    """A gibibyte from end to end, for its raw text, against cat."""
+    archive = make_input(kind, 1024)
+    a, b = pairs(lambda: convert("raw", archive), lambda: run("cat", archive), RUNS)
+    row(name, what, "`cat`", "CPU", a.cpu, b.cpu, f"{a.cpu / b.cpu:.1f} times", "at most 5")
+
+
+def blocks(name, what, kind):
+    """What one block costs, by very many small ones."""
+    archive = make_input(kind, 1024)
+    cost = measure.median_of(lambda: convert("raw", archive), RUNS)
+    count = archive.stat().st_size / 40
+    row(name, what, "a block", "CPU", cost.cpu, cost.cpu / count,
+        f"{cost.cpu / count * 1e9:.0f} ns a block", "40 ns")
+
+
+def track(name, what, to):
+    """Receiver text to a track: the text alone for gpsbabel, in an archive for vrk3."""
+    text, archive = make_input("text", 64), make_input("receiver", 64)
+    a, b = pairs(lambda: convert(to, archive, WORK / f"vrk3.{to}"),
+                 lambda: run("gpsbabel", "-i", "nmea", "-f", text, "-o", GPSBABEL_FORMAT[to], "-F",
+                             WORK / f"gpsbabel.{to}"), 3)
+    row(name, what, "`gpsbabel`", "wall", a.wall, b.wall, f"{b.wall / a.wall:.0f} times faster",
+        "30, better 60" if to == "gpx" else "-")
+
+
+@contextlib.contextmanager
+def virtual_screen(manager):
+    """An X server of its own, with a window manager or without, that DISPLAY names meanwhile."""
+    read, write = os.pipe()
+    quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x1024x24"],
+                              pass_fds=[write], **quiet)
+    os.environ["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
+    processes = [server] + ([subprocess.Popen(["openbox"], **quiet)] if manager else [])
+    # A home of its own: the window is to stand where it stands at its first start.
+    os.environ["HOME"] = str(WORK / "home")
+    pathlib.Path(os.environ["HOME"]).mkdir(parents=True, exist_ok=True)
+    try:
+        yield
+    finally:
+        for process in reversed(processes):
+            process.kill()
+            process.wait()
+
+
+def press(title, *keys):
+    """Presses keys in the window of this title, once it is there."""
+    found = subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--name", title],
+                           check=True, capture_output=True, text=True).stdout.split()[0]
+    subprocess.run(["xdotool", "windowactivate", "--sync", found, "key", *keys], check=True)
+
+
+def through_window(to, archive):
+    """The road of a person: the format, OK, Return in the Save dialog, the run, the end."""
+    proposal = archive.with_suffix({"gpx": ".gpx", "raw": ".txt"}[to])
+    proposal.unlink(missing_ok=True)
+
+    def person():
+        press("^VrkTrk$", *(["Down"] if to == "gpx" else []), "Return")
+        press("^Save$", "Return")
+
+    cost = run(VRKTRK, archive.name, cwd=archive.parent, meanwhile=person)
+    if not proposal.exists():
+        raise RuntimeError(f"the window did not write {proposal}")
+    return cost
+
+
+def window(name, what, kind, mebibytes, to):
+    """The window's run against that of vrk3, each less what an empty archive costs."""
+    archive, nothing = make_input(kind, mebibytes), WORK / "nothing.vrk3"
+    nothing.touch()
+    output = WORK / f"vrk3.{to}"
+    with virtual_screen(manager=True):
+        a, b = pairs(lambda: through_window(to, archive), lambda: convert(to, archive, output), RUNS)
+        a0, b0 = pairs(lambda: through_window(to, nothing), lambda: convert(to, nothing, output),
+                       RUNS)
+    a, b = a.cpu - a0.cpu, b.cpu - b0.cpu
+    row(name, what, "`vrk3`", "CPU", a, b, f"{a / b:.2f} times", "at most 1.3")
+
+
+def first_paint(*command):
+    """From the start of a program until something of it is seen on an empty screen."""
+    screen = display.Display()
+
+    def look():
+        return screen.screen().root.get_image(0, 0, 640, 400, X.ZPixmap, 0xFFFFFFFF).data
+
+    before = look()
+    begin = time.monotonic()
+    process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                               cwd=WORK)
+    while look() == before:
+        pass
+    took = measure.Cost(wall=time.monotonic() - begin)
+    process.kill()
+    process.wait()
+    while look() != before:
+        pass
+    return took
+
+
+def start(name, what):
+    archive = make_input("others", 1)
+    with virtual_screen(manager=False):
+        a, b = pairs(lambda: first_paint(VRKTRK, archive.name),
+                     lambda: first_paint("zenity", "--info", "--text", "A text"), 2 * RUNS)
+    row(name, what, "`zenity --info`", "wall", a.wall, b.wall, f"{a.wall / b.wall:.2f} times", "-")
+
+
+ROWS = {
+    "walk-others": (walk, "1 GiB, most of it other streams", "others"),
+    "walk-noise": (walk, "1 GiB of noise", "noise"),
+    "walk-b5": (walk, "1 GiB of 0xB5", "b5"),
+    "walk-magics": (walk, "1 GiB of HDR magics without a zero byte", "magics"),
+    "walk-blocks40": (walk, "1 GiB of 40-byte blocks", "blocks40"),
+    "blocks40": (blocks, "1 GiB of 40-byte blocks", "blocks40"),
+    "track-gpx": (track, "64 MiB of receiver text to GPX", "gpx"),
+    "track-plt": (track, "64 MiB of receiver text to PLT", "plt"),
+    "track-kml": (track, "64 MiB of receiver text to KML", "kml"),
+    "window-gpx": (window, "the window's run, 64 MiB of receiver text to GPX", "receiver", 64, "gpx"),
+    "window-raw": (window, "the window's run, 1 GiB, most of it other streams", "others", 1024,
+                   "raw"),
+    "start": (start, "start of the window to its first paint"),
+}
+
+chosen = sys.argv[1:] or list(ROWS)
+if not set(chosen) <= set(ROWS):
+    sys.exit(f"rows: {' '.join(ROWS)}")
+print(f"Measured on {measure.machine()}: medians of {RUNS} runs or more, in turn.\n")
+print("| Row | What | Beside | Figure | VrkTrk | The other | Ratio | Goal |")
+print("| --- | --- | --- | --- | --- | --- | --- | --- |")
+for chosen_row in chosen:
+    function, *arguments = ROWS[chosen_row]
+    function(chosen_row, *arguments)
