@@ -4,11 +4,12 @@
 # What each kind of work needs of Debian 12 beyond its base system.
 declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
-             qt6-translations-l10n"
+             qt6-translations-l10n librsvg2-bin dpkg-dev file"
     # A virtual desktop, with the means to press, type and look on it.
     [desktop]="xvfb xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core python3
                python3-gi gir1.2-atspi-2.0 locales util-linux"
-    [tests]="qt6-wayland weston gdal-bin gpsbabel libxml2-utils man-db python3-jsonschema"
+    [tests]="qt6-wayland weston gdal-bin gpsbabel libxml2-utils man-db python3-jsonschema
+             lintian desktop-file-utils appstream shared-mime-info"
     [checks]="git clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev"
 )
 
