@@ -9,7 +9,8 @@
 class cProgress
 {
 public:
-    // name is the input's, "-" included. size is what position goes up to; 0 if nobody knows, then the bytes read are told instead.
+    // name is the input's, "-" included. size is what position goes up to; 0 if nobody knows, then
+    // the bytes read are told instead.
     cProgress(const QString &name, qint64 size, bool enabled);
     ~cProgress();
     Q_DISABLE_COPY_MOVE(cProgress)
