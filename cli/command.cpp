@@ -8,9 +8,14 @@
 
 QString printable(const QString &text)
 {
+    const auto isPrintable = [](QChar c) {
+        const bool joins = c == QChar(0x200C) || c == QChar(0x200D); // as some languages need it
+        return joins || (c.category() != QChar::Other_Control &&
+                         c.category() != QChar::Other_Format && !c.isNonCharacter());
+    };
     QString result = text;
     for (QChar &c : result) {
-        if (c.category() == QChar::Other_Control || c.category() == QChar::Other_Format)
+        if (!isPrintable(c))
             c = QChar::ReplacementCharacter;
     }
     return result;

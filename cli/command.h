@@ -10,7 +10,8 @@
 // The exit statuses of the program.
 enum { EXIT_DONE = 0, EXIT_SOME_FAILED = 1, EXIT_WRONG_USE = 2 };
 
-// Text for a terminal: control characters, of which names and titles can be full, replaced.
+// Text for a terminal or a picture: control characters, of which names and titles can be full,
+// replaced.
 QString printable(const QString &text);
 
 // How a file is called in a message: "-" has a name of its own.

@@ -29,7 +29,8 @@ QString cPlot::process(const QString &archive)
     cOutputFile output(name, m_targets.overwrite(), m_inputs);
     cTrackReader reader;
     cHdrTxts texts;
-    cTrackPicture picture(QFileInfo(archive).fileName());
+    cTrackPicture picture(
+        displayName(QFileInfo(archive).fileName(), QStringLiteral("standard input")));
     QObject::connect(&reader.parser(), SIGNAL(signal_Data(HDR_T)), &texts, SLOT(slot_Data(HDR_T)));
     QObject::connect(&texts, SIGNAL(signal_Data(int, QString)), &picture,
                      SLOT(slot_Data(int, QString)));
