@@ -10,6 +10,7 @@ declare -A packages=(
                python3-gi gir1.2-atspi-2.0 locales util-linux"
     [tests]="qt6-wayland weston gdal-bin gpsbabel libxml2-utils man-db python3-jsonschema
              lintian desktop-file-utils appstream shared-mime-info"
+    [bench]="libbenchmark-dev gpsbabel time python3-xlib zenity gnuplot-nox"
     [checks]="git clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev"
 )
 
