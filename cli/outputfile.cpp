@@ -100,8 +100,10 @@ bool cOutputFile::commit()
 
 bool cOutputFile::_publish()
 {
+    // A courtesy: the file systems of memory cards have permissions of their own and refuse.
+    (void)::fchmod(m_fd, m_mode);
     // Written to the disk before it gets its name: a full disk may come to light only here.
-    if (::fchmod(m_fd, m_mode) != 0 || ::fsync(m_fd) != 0)
+    if (::fsync(m_fd) != 0)
         return _failBySystem();
     if (!m_overwrite) {
         // Fails if somebody else has made a file of that name meanwhile.

@@ -140,9 +140,8 @@ class Convert(Case):
                 ("\udcff.vrk3", "\ufffd.vrk3", "No such file")):
             with self.subTest(arguments):
                 status, output, errors = self.run_vrk3("convert", *arguments.split(), before=NOBODY)
-                self.assertEqual((status, output, errors.count("\n")), (1, b"", 1), errors)
-                self.assertIn(named, errors)
-                self.assertIn(reason, errors)
+                self.assertEqual((status, output), (1, b""))
+                self.assertRegex(errors, f"^vrk3: .*{named}: .*{reason}.*\n$")
                 self.assertEqual(sorted(os.listdir(self.folder)), before)
         for name in ("old.gpx", "protected.gpx"):
             self.assertEqual(self.read(name), b"old")
@@ -161,8 +160,8 @@ class Convert(Case):
                      "convert -o a -d b c", "convert -o x a b", "convert -d . -", "plot --json a"):
             with self.subTest(line):
                 status, output, errors = self.run_vrk3(*line.split())
-                self.assertEqual((status, output, errors.count("\n")), (2, b"", 1))
-                self.assertIn("--help", errors)
+                self.assertEqual((status, output), (2, b""))
+                self.assertRegex(errors, r"^vrk3: .* --help\)\n$")
 
     def test_small_disk(self):
         self.write("long.vrk3", LONG)
@@ -172,9 +171,8 @@ class Convert(Case):
                                 capture_output=True, text=True)
         if "mounted" not in result.stdout:
             self.skipTest("no right to mount: " + result.stderr)
-        self.assertEqual(result.stdout, "mounted\n1\nlong.gpx\nold\n")
-        self.assertEqual(result.stderr, "vrk3: long.vrk3: cannot write d.d/long.gpx: "
-                                        "No space left on device\n")
+        reason = "vrk3: long.vrk3: cannot write d.d/long.gpx: No space left on device\n"
+        self.assertEqual((result.stdout, result.stderr), ("mounted\n1\nlong.gpx\nold\n", reason))
 
     def test_ends_in_the_middle(self):
         before = sorted(os.listdir(self.folder))
@@ -197,9 +195,8 @@ class Convert(Case):
                 process = self.half_way("convert", "-o", "d.d/x.gpx", "-")
                 change()
                 errors = process.communicate()[1].decode()
-                self.assertEqual((process.returncode, errors.count("\n")), (1, 1), errors)
-                self.assertIn("cannot write d.d/x.gpx: ", errors)
-                self.assertIn(reason, errors)
+                self.assertEqual(process.returncode, 1)
+                self.assertRegex(errors, f"^vrk3: .*: cannot write d.d/x.gpx: .*{reason}.*\n$")
         self.assertEqual(self.read("d.d/x.gpx"), b"theirs")
 
     def test_pipes_and_shrinking(self):
@@ -260,12 +257,11 @@ class Info(Case):
         found = json.loads(output)
         jsonschema.validate(found, schema)
         self.assertEqual([f["file"] for f in found], ["180.vrk3", "nogps.vrk3", "drive.vrk3"])
-        for one in found:
-            self.assertEqual(sum(one["bytes"].values()), 2 * one["bytes"]["total"])
+        self.assertTrue(all(sum(f["bytes"].values()) == 2 * f["bytes"]["total"] for f in found))
         across, nogps, drive = found
         gps = across["gps"]
-        self.assertEqual((gps["points"], gps["located"]), (4, 3))
-        self.assertEqual((gps["first"], gps["last"]), ("2011-03-23T00:00:00Z", "2011-03-23T00:00:03Z"))
+        self.assertEqual([gps[k] for k in ("points", "located", "first", "last")],
+                         [4, 3, "2011-03-23T00:00:00Z", "2011-03-23T00:00:03Z"])
         for side, value in (("west", 179.99), ("east", -179.99), ("south", 17), ("north", 17.01)):
             self.assertAlmostEqual(gps["box"][side], value)
         radians = math.radians(0.01), math.radians(0.02) * math.cos(math.radians(17.005))
@@ -274,8 +270,8 @@ class Info(Case):
         self.assertEqual((gps["unread"], gps["sentences"]["GPRMC"]["malformed"]), ({"GPGSV": 1}, 1))
         self.assertEqual(across["damage"]["firstStretches"], [{"offset": 0, "length": 5}])
         self.assertEqual((nogps["gps"]["points"], nogps["gps"]["box"]), (0, None))
-        self.assertEqual(drive["titles"][0], "Поездка по Москве")
-        self.assertEqual((drive["hdrRecords"], drive["texts"]["5"]), (2, "Москва"))
+        self.assertEqual((drive["titles"][0], drive["hdrRecords"], drive["texts"]["5"]),
+                         ("Поездка по Москве", 2, "Москва"))
         self.assertEqual([s["id"] for s in drive["streams"]], [1, 2, 8, 9, 16, 253])
 
     def test_text(self):
@@ -313,17 +309,15 @@ class Documents(Case):
         manual = pathlib.Path(SOURCE, "cli/vrk3.1").read_text("utf-8").replace("\\-", "-")
         completion = os.path.join(SOURCE, "cli/vrk3.bash-completion")
         for command in ("convert", "info", "plot"):
-            status, output, errors = self.run_vrk3(command, "--help")
-            self.assertEqual((status, errors), (0, ""))
-            options = re.findall(r"--[a-z]+", output.decode().split("Options:")[1])
+            output = self.run_vrk3(command, "--help")[1].decode()
+            options = re.findall(r"--[a-z]+", output.split("Options:")[1])
             script = ('. "$0"; COMP_WORDS=(vrk3 %s --); COMP_CWORD=2; _vrk3; echo "${COMPREPLY[@]}"'
                       % command)
             offered = subprocess.check_output(["bash", "-c", script, completion], text=True).split()
             self.assertEqual(sorted(set(options)), sorted(offered))
-            for option in options:
-                self.assertIn(option, manual)
-        result = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z",
-                                 os.path.join(SOURCE, "cli/vrk3.1")], capture_output=True, text=True)
+            self.assertTrue(all(option in manual for option in options))
+        result = subprocess.run(["man", "--warnings", "-Tutf8", "-Z", "-l", f"{SOURCE}/cli/vrk3.1"],
+                                capture_output=True, text=True)
         self.assertEqual((result.returncode, result.stderr), (0, ""))
 
 
