@@ -186,7 +186,6 @@ class Program:
 
     def proposal(self):
         """The name that stands in the file dialog."""
-        self.find("dialog")
         return self.find("text", "File name:").get_text(0, -1)
 
     def ends(self):
