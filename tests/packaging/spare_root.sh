@@ -4,7 +4,8 @@
 # as in most containers, it runs on the machine itself.
 [ "$(id -u)" = 0 ] || exec sudo -E "$0" "$@"
 
-export SPARE="$(mktemp -d)"
+SPARE=$(mktemp -d)
+export SPARE
 trap 'rmdir "$SPARE"' EXIT
 copy='mount -t tmpfs spare "$SPARE" &&
       for folder in usr etc var; do

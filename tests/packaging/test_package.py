@@ -1,14 +1,11 @@
-"""The packages as somebody meets them who has never seen the source.
-
-Installs the .deb, so it is run through spare_root.sh. Environment: VRKTRK_BUILD, the build folder.
-"""
+"""The packages as somebody meets them who has never seen the source. It installs one, and is run
+through spare_root.sh. Environment: VRKTRK_BUILD, the build folder, VRKTRK_PACKAGES, theirs."""
 import gzip
 import os
 import pathlib
 import shlex
 import shutil
 import subprocess
-import tempfile
 import unittest
 
 import desktop
@@ -37,12 +34,9 @@ class PackageTest(desktop.Case):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        packages = tempfile.TemporaryDirectory(prefix="vrktrk-packages-")
-        cls.addClassCleanup(packages.cleanup)
-        # A person's umask does not show in a package.
-        run("sh", "-c", 'umask 077 && exec cpack -B "$1"', "sh", packages.name, cwd=BUILD)
-        cls.deb, = pathlib.Path(packages.name).glob("*.deb")
-        cls.tarball, = pathlib.Path(packages.name).glob("*.tar.gz")
+        packages = pathlib.Path(os.environ["VRKTRK_PACKAGES"])
+        cls.deb, = packages.glob("*.deb")
+        cls.tarball, = packages.glob("*.tar.gz")
         cls.track = run(BUILD / "bin/vrk3", "convert", "-q", "-o", "-", SAMPLE)
 
     def start(self, program, *arguments, **environment):
@@ -72,8 +66,7 @@ class PackageTest(desktop.Case):
         for command in (
                 ["lintian", "--allow-root", "--fail-on", "error,warning", self.deb],
                 ["desktop-file-validate", share / "applications/vrktrk.desktop"],
-                ["appstreamcli", "validate", "--no-net",
-                 share / "metainfo/org.example.vrktrk.metainfo.xml"],
+                ["appstreamcli", "validate", "--no-net", *share.glob("metainfo/*")],
                 ["xmllint", "--noout", share / "mime/packages/vrktrk.xml"],
                 ["bash", "-n", share / "bash-completion/completions/vrk3"]):
             with self.subTest(command[0]):
@@ -88,8 +81,7 @@ class PackageTest(desktop.Case):
             self.assertIn(version, gzip.decompress((share / name).read_bytes()))
 
     def test_tarball_runs_from_anywhere(self):
-        place = self.folder / "some where"
-        place.mkdir()
+        (place := self.folder / "some where").mkdir()
         run("tar", "-xf", self.tarball, "-C", place)
         root, = place.iterdir()
         shutil.copy(SAMPLE, self.folder / "a.vrk3")
@@ -97,7 +89,6 @@ class PackageTest(desktop.Case):
         for program in root / "bin/VrkTrk", root / "lib/vrktrk/open-archive", self.folder / "link":
             with self.subTest(program), self.start(program, "a.vrk3") as window:
                 self.save_gpx(window, "a.gpx")
-        self.assertEqual((self.home / ".config/Ostravane/settings.ini").read_bytes()[:8], b"[common]")
         self.converts(root / "bin/vrk3")
 
     def test_comes_and_goes(self):
@@ -125,15 +116,14 @@ class PackageTest(desktop.Case):
                          "application/x-vrk3")
         entry = Gio.AppInfo.get_default_for_type("application/x-vrk3", False)
         self.assertEqual(entry.get_id(), "vrktrk.desktop")
-        self.assertTrue(pathlib.Path("/usr/share/icons/hicolor/48x48/apps",
-                                     entry.get_icon().to_string() + ".png").exists())
+        icon = f"48x48/apps/{entry.get_icon().to_string()}.png"
+        self.assertTrue(pathlib.Path("/usr/share/icons/hicolor", icon).exists())
         command = shlex.split(entry.get_commandline())
         self.assertEqual(command[1:], ["%f"])
-        archives = self.folder / "-d 'ä\" $(id)"
-        archives.mkdir()
+        (folder := self.folder / "-d 'ä\" $(id)").mkdir()
         for name in NAMES:
-            shutil.copy(SAMPLE, archives / name)
-            with self.subTest(name), self.start(command[0], archives / name) as window:
+            shutil.copy(SAMPLE, folder / name)
+            with self.subTest(name), self.start(command[0], folder / name) as window:
                 self.save_gpx(window, name.replace(".vrk3", ".gpx"))
         with self.subTest("from the menu"), self.start(command[0]) as window:
             window.find("dialog", "Open")
