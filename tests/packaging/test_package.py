@@ -18,8 +18,8 @@ NAMES = ["plain.vrk3", "two  blanks.vrk3", "-x.vrk3", "it's \"quoted\" `id` $HOM
          "Путь в горы é.vrk3", "100%f;&|<>*?.vrk3", "no extension"]
 
 
-def run(*command, **options):
-    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **options)
+def run(*command):
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
     if done.returncode:
         raise AssertionError(f"{shlex.join(map(str, command))}: {done.stdout.decode()}")
     return done.stdout
