@@ -67,11 +67,15 @@ QString cTargets::extension() const
 }
 
 QString cTargets::conclude(const QString &archive, const QString &name, cOutputFile &output,
-                           const QString &summary) const
+                           const QString &summary)
 {
     const QString shownName = displayName(name, QStringLiteral("standard output"));
+    const QString cannotWrite = QStringLiteral("cannot write %1: %2");
+    if (m_written.contains(name) && name != STANDARD_STREAM)
+        return cannotWrite.arg(shownName, QStringLiteral("it is the output of another archive"));
     if (!output.commit())
-        return QStringLiteral("cannot write %1: %2").arg(shownName, output.error());
+        return cannotWrite.arg(shownName, output.error());
+    m_written.insert(name);
     if (!m_quiet) {
         const QString line =
             QStringLiteral("%1: %2 -> %3")

@@ -4,6 +4,7 @@
 #include "outputfile.h"
 
 #include <QCommandLineParser>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -25,10 +26,10 @@ public:
     QString extension() const;
 
     // The last step for an archive that was read without failure: commits its output, which has the
-    // name that nameFor gave, and tells so in a line with the summary. Gives why that failed; empty
-    // if it did not.
+    // name that nameFor gave, and tells so in a line with the summary. A name is given once in a
+    // run: of two archives of one name the second fails. Gives why it failed; empty if it did not.
     QString conclude(const QString &archive, const QString &name, cOutputFile &output,
-                     const QString &summary) const;
+                     const QString &summary);
 
     bool overwrite() const { return m_overwrite; }
     bool quiet() const { return m_quiet; }
@@ -38,6 +39,7 @@ private:
     QString m_folder;
     bool m_overwrite = false;
     bool m_quiet = false;
+    QSet<QString> m_written;
 };
 
 #endif

@@ -154,6 +154,10 @@ class Convert(Case):
         self.assertEqual(self.run_vrk3("convert", "-q", "a.vrk3", "nix", "z.vrk3"),
                          (1, b"", "vrk3: nix: No such file or directory\n"))
         self.assertEqual(self.read("a.gpx"), self.read("z.gpx"))
+        self.write("d.d/a.vrk3", LONG)
+        status, _, errors = self.run_vrk3("convert", "-qyd", ".", "a.vrk3", "d.d/a.vrk3")
+        self.assertEqual((status, errors), (1, "vrk3: d.d/a.vrk3: cannot write ./a.gpx: it is the "
+                                               "output of another archive\n"))
 
     def test_wrong_use(self):
         for line in ("", "nix", "convert", "convert --nix a", "convert --to pdf a.vrk3", "info",
