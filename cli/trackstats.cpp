@@ -44,13 +44,24 @@ void cTrackStats::slot_Data(const nmea_data &n)
     m_last = n;
 }
 
+// The angle between two points on a sphere, from their differences and the product of the cosines
+// of their latitudes. From one second to the next the earth is flat to ten digits.
+static double _angle(double lat, double lon, double cosines)
+{
+    constexpr double small = 1e-5;
+    if (std::fabs(lat) + std::fabs(lon) < small)
+        return std::sqrt(lat * lat + cosines * lon * lon);
+    const double sinLat = std::sin(lat / 2);
+    const double sinLon = std::sin(lon / 2);
+    const double chord = sinLat * sinLat + cosines * sinLon * sinLon;
+    return 2 * std::asin(std::sqrt(qMin(chord, 1.0)));
+}
+
 void cTrackStats::_extend(const nmea_data &n, double lon)
 {
     const double cosine = std::cos(n.lat * RADIANS);
-    const double sinLat = std::sin((n.lat - m_last.lat) * RADIANS / 2);
-    const double sinLon = std::sin((lon - m_lon) * RADIANS / 2);
-    const double chord = sinLat * sinLat + m_cos * cosine * sinLon * sinLon;
-    m_metres += 2 * EARTH_RADIUS * std::asin(std::sqrt(qMin(chord, 1.0)));
+    m_metres += EARTH_RADIUS *
+                _angle((n.lat - m_last.lat) * RADIANS, (lon - m_lon) * RADIANS, m_cos * cosine);
     m_cos = cosine;
     m_lon = lon;
     m_west = qMin(m_west, lon);

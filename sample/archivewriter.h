@@ -67,7 +67,7 @@ public:
     void rawBytes(const QByteArray &bytes);
 
     /// What has been built since the last take().
-    [[nodiscard]] const QByteArray &bytes() const { return m_bytes; }
+    const QByteArray &bytes() const { return m_bytes; }
 
     /// Hands out what has been built and starts over behind it; the stream table stays in force.
     QByteArray take();
@@ -77,7 +77,7 @@ private:
     void _u16(quint32 value);
     void _u32(quint32 value);
     void _string(const QByteArray &text);
-    [[nodiscard]] bool _hasExtension(quint8 streamId) const;
+    bool _hasExtension(quint8 streamId) const;
 
     QByteArray m_bytes;
     QVector<ARCHIVESTREAM_T> m_streams;

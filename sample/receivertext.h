@@ -23,9 +23,9 @@ public:
 
     /// The sentences of the second that the last call of second() gave, the first second's at
     /// start.
-    [[nodiscard]] QByteArray gprmc() const;
-    [[nodiscard]] QByteArray gpgga() const;
-    [[nodiscard]] QByteArray gpgsv() const;
+    QByteArray gprmc() const;
+    QByteArray gpgga() const;
+    QByteArray gpgsv() const;
 
     /// Without sky in sight the status of GPRMC is "V" and GPGGA stands for no fix, while the car
     /// goes on. True at start.
@@ -33,8 +33,8 @@ public:
 
 private:
     void _drive();
-    [[nodiscard]] QByteArray _time() const;
-    [[nodiscard]] QByteArray _position() const;
+    QByteArray _time() const;
+    QByteArray _position() const;
 
     bool m_sky = true;
     bool m_started = false;
