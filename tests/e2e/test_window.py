@@ -195,6 +195,7 @@ class WindowTest(desktop.Case):
             def comes_to(*box):
                 desktop.wait_for(lambda: f"{box}, not {frame()}", lambda: frame() == box)
 
+            program.find("filler", "VrkTrk", states=["ACTIVE"])  # Mapped, that is: not before.
             comes_to(100, 100, 480, 220)
             drag(150, 115, (15, 0), (70, 40))  # The first step only shows that it is no click.
             comes_to(170, 140, 480, 220)
