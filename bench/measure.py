@@ -64,7 +64,7 @@ def pairs(measure_a, measure_b, runs):
 def make_input(kind, mebibytes):
     """The path of an input, made if it is not there yet, and read once, into the page cache."""
     WORK.mkdir(exist_ok=True)
-    path = WORK / f"{kind}-{mebibytes}"
+    path = WORK / f"{kind}-{mebibytes}.vrk3"
     if not path.exists():
         subprocess.run([BUILD / "bench/makeinput", kind, str(mebibytes), path], check=True)
     with open(path, "rb") as file:
