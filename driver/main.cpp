@@ -148,8 +148,11 @@ void _askOutput(const QFile &input)
 
 void _pump(QFile *input, cVrk3Parser *parser, cDlgProgress *progress)
 {
+    // One block for the whole run: a new one each time would be mapped and faulted in again.
+    QByteArray block;
     while (!input->atEnd() && progress->isVisible()) {
-        const QByteArray block = input->read(BLOCK_SIZE);
+        block.resize(BLOCK_SIZE);
+        block.resize(qMax<qint64>(0, input->read(block.data(), BLOCK_SIZE)));
         // A read that fails would fail for ever.
         if (block.isEmpty())
             return;
