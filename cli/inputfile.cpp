@@ -42,7 +42,7 @@ bool cInputFile::next(QByteArray &block)
 {
     block.resize(BLOCK_SIZE);
     while (m_error.isEmpty()) {
-        if (isInterrupted())
+        if (!waitForInput(m_fd))
             return _fail(QStringLiteral("interrupted"));
         const ssize_t n = ::read(m_fd, block.data(), size_t(block.size()));
         if (n > 0) {

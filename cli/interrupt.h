@@ -11,6 +11,11 @@ void catchInterrupts();
 // Whether one was noted.
 bool isInterrupted();
 
+// Waits until the descriptor has something to read, or its end or an error to tell. False: a signal
+// was noted before. Asking isInterrupted and then reading is not enough: the signal may come in
+// between, and the read may wait for ever.
+bool waitForInput(int fd);
+
 // Ends the process as the noted signal would have: a shell or xargs then knows to stop as well.
 [[noreturn]] void endInterrupted();
 
