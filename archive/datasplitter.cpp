@@ -73,7 +73,7 @@ QByteArray cDataSplitter::get_block(int len)
 
 QByteArray cDataSplitter::peek_string(int pos) const
 {
-    const qsizetype end = pos < size() ? _firstZero(pos) : pos;
+    const qsizetype end = pos < size() ? find_zero(pos) : pos;
     require(end + 1);
     return QByteArray(_front() + pos, end + 1 - pos);
 }
@@ -94,17 +94,10 @@ QByteArray cDataSplitter::get_string()
 
 bool cDataSplitter::string_open(int pos, int limit) const
 {
-    return size() >= limit && (pos >= limit || _firstZero(pos) >= limit);
+    return size() >= limit && (pos >= limit || find_zero(pos) >= limit);
 }
 
-qsizetype cDataSplitter::zero_free(int pos) const
-{
-    const qsizetype from = m_head + pos;
-    return from >= m_zeroFreeFrom && from < m_zeroFreeTo ? m_zeroFreeTo - from : 0;
-}
-
-// Offset of the first zero byte from pos on; size() if there is none.
-qsizetype cDataSplitter::_firstZero(int pos) const
+qsizetype cDataSplitter::find_zero(qsizetype pos) const
 {
     const qsizetype from = m_head + pos;
     if (from < m_zeroFreeFrom || from > m_zeroFreeTo) {

@@ -30,7 +30,8 @@ public:
 
     QByteArray peek_block(int pos, int len) const;
     QByteArray get_block(int &pos, int len);
-    // The same into an array of the caller's, whose memory is used again if nobody shares it.
+    // The same into an array of the caller's: its contents are replaced, its memory is used again
+    // if nobody shares it.
     void get_block(int &pos, int len, QByteArray &block);
     QByteArray peek_block(int len) const { return peek_block(0, len); }
     QByteArray get_block(int len);
@@ -40,10 +41,11 @@ public:
     QByteArray get_string(int &pos);
     QByteArray peek_string() const { return peek_string(0); }
     QByteArray get_string();
+    // Offset of the first zero byte from pos on, size() if none has arrived. A byte that has been
+    // searched is not searched again as long as the calls go on from where the last one was.
+    qsizetype find_zero(qsizetype pos) const;
     // Whether all bytes from pos up to offset limit have arrived and none of them is zero.
     bool string_open(int pos, int limit) const;
-    // Bytes from pos on that are known not to be zero; none is looked at for this.
-    qsizetype zero_free(int pos) const;
 
     quint8 get_quint8(int &pos) { return _get<quint8>(pos); }
     quint16 get_quint16(int &pos) { return _get<quint16>(pos); }
@@ -63,7 +65,6 @@ public:
 
 private:
     const char *_front() const { return m_buffer.constData() + m_head; }
-    qsizetype _firstZero(int pos) const;
     template <typename T>
     T _peek(int pos) const
     {

@@ -20,6 +20,10 @@ inline constexpr char MAGIC_MARK = 0x05;
 // record bytes that are no record: eight times the size of the largest one.
 inline constexpr int HDR_STRING_LIMIT = 1 << 20;
 
+// The title's offset in a HDR record, and the most that the record's two lengths can add up to.
+inline constexpr int HDR_TITLE_OFFSET = 8;
+inline constexpr int HDR_SIZE_MAX = 2 * 0xFFFF;
+
 // Texts of the tag-text section bear the numbers 1 to TAG_MAX.
 inline constexpr int TAG_MAX = 8;
 
@@ -73,15 +77,16 @@ struct IDX_T {
     QByteArray extra;
 };
 
-// One logical block, joined from its fragments if it had several.
+// One logical block, joined from its fragments if it had several. The extension head is that of its
+// first fragment, with extWord reduced already; it is 0 where there is none.
 struct DATA_T {
-    qint64 size = 0;     // bytes in payload
-    quint8 flags = 0;    // a joined block reads as FRAG_WHOLE, low bits from its last fragment
-    quint8 streamId = 0; //
-    quint16 extWord = 0; // the extension head of the first fragment; 0 where there is none
-    quint8 extByte1 = 0; //
-    quint8 extByte2 = 0; //
-    STREAM_T stream;     // the stream table's entry of streamId
+    qint64 size = 0;  // bytes in payload
+    quint8 flags = 0; // a joined block reads as FRAG_WHOLE, with the low bits of its last fragment
+    quint8 streamId = 0;
+    quint16 extWord = 0;
+    quint8 extByte1 = 0;
+    quint8 extByte2 = 0;
+    STREAM_T stream; // the stream table's entry of streamId
     QByteArray payload;
 };
 

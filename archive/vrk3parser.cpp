@@ -1,5 +1,6 @@
 #include "vrk3parser.h"
 
+#include <limits>
 #include <utility>
 
 static bool _isAccepted(int type)
@@ -43,7 +44,7 @@ void cVrk3Parser::_parseHDR()
 {
     _scan(HDR_MAGIC, HDR_MAGIC);
     if (m_openString > 0 && !m_data.string_open(m_openString, HDR_STRING_LIMIT))
-        m_data.peek_string(m_openString); // throws while the string has no end
+        m_data.require(m_data.find_zero(m_openString) + 1);
     HDR_T hdr;
     int pos = 0;
     if (!_readHDR(hdr, pos)) {
@@ -67,6 +68,8 @@ bool cVrk3Parser::_readHDR(HDR_T &hdr, int &pos)
     if (end == 0)
         return false;
     m_data.require(end); // the record is no shorter: do not read it in part
+    if (_reachesOpenRun(hdr.hdrLen, end))
+        return false;
     if (!_readString(pos, hdr.title))
         return false;
     while (pos < hdr.hdrLen) {
@@ -93,22 +96,58 @@ bool cVrk3Parser::_readHDR(HDR_T &hdr, int &pos)
 // Reads one string of a HDR record. False: it is open for so long that the bytes are no record.
 bool cVrk3Parser::_readString(int &pos, QByteArray &string)
 {
-    if (m_data.string_open(pos, HDR_STRING_LIMIT))
+    if (m_data.string_open(pos, HDR_STRING_LIMIT)) {
+        _rememberOpenRun(pos);
         return false;
+    }
     m_openString = pos;
     string = m_data.get_string(pos);
     m_openString = 0;
     return true;
 }
 
+// Keeps where the run of non-zero bytes lies that the string at pos is in: all records in front of
+// it that reach into it are refused without being read.
+void cVrk3Parser::_rememberOpenRun(int pos)
+{
+    const auto byteAt = [this](int at) { return int(m_data.get_quint8(at)); };
+    const qint64 front = m_account.received - m_data.size();
+    int from = pos;
+    while (from > 0 && byteAt(from - 1) != 0)
+        --from;
+    int tag = from;
+    while (tag < HDR_SIZE_MAX && (byteAt(tag) < 1 || byteAt(tag) > TAG_MAX))
+        ++tag;
+    constexpr qint64 unknown = std::numeric_limits<qint64>::max();
+    m_openRun.from = front + from;
+    m_openRun.to = front + m_data.find_zero(pos);
+    m_openRun.tag = tag < HDR_SIZE_MAX ? front + tag : unknown;
+}
+
+// Whether the record in front, whose table and whose whole length are given, has a string in the
+// run last remembered that stays open for too long. The walk through the table ends behind a zero
+// byte or not at all, and the walk through the tag texts opens a string at the first tag in the
+// run.
+bool cVrk3Parser::_reachesOpenRun(int hdrLen, int end)
+{
+    const qint64 front = m_account.received - m_data.size();
+    const qint64 from = m_openRun.from - front;
+    if (m_openRun.to <= front)
+        return false;
+    if (m_openRun.to - front < HDR_STRING_LIMIT)
+        m_openRun.to = front + m_data.find_zero(m_openRun.to - front);
+    return m_openRun.to - front >= HDR_STRING_LIMIT &&
+           (from <= HDR_TITLE_OFFSET || from < hdrLen || m_openRun.tag < front + end);
+}
+
 // Drops the magic in front, which begins no record, and lets the scan go on where it stood.
 void cVrk3Parser::_refuseHDR()
 {
-    constexpr int titlePos = 8;
     m_openString = 0;
-    // Where the bytes already searched leave a title open for too long, no further HDR magic needs
-    // to be tried. Without this, magic upon magic without a zero byte would be refused one by one.
-    const qsizetype open = titlePos + m_data.zero_free(titlePos) - HDR_STRING_LIMIT + 1;
+    // All magics whose title would begin in a run that is open for too long are refused at once.
+    const qint64 front = m_account.received - m_data.size();
+    const bool inRun = m_openRun.from <= front + HDR_TITLE_OFFSET;
+    const qint64 open = inRun ? m_openRun.to - front - HDR_STRING_LIMIT + 1 : 0;
     const qsizetype n = qMax<qsizetype>(1, open);
     const bool tableInForce = m_hdr.magic == HDR_MAGIC;
     m_state = tableInForce ? STATE_IDX : STATE_HDR;
@@ -139,9 +178,9 @@ void cVrk3Parser::_parseHDRIDX()
     idx.extra = m_data.get_block(pos, length);
     m_data.skip(pos);
     m_account.idx += pos;
-    m_idx = idx;
+    m_idx = std::move(idx);
     m_state = STATE_BLOCK;
-    for (const DATA_T &unfinished : qAsConst(m_blocks))
+    for (const DATA_T &unfinished : std::as_const(m_blocks))
         _lose(unfinished);
     m_blocks.clear();
     Q_EMIT signal_Data(m_idx);
@@ -160,14 +199,13 @@ void cVrk3Parser::_parseHDRIDXBLOCK()
     d.size = size;
     d.flags = m_data.get_quint8(pos);
     d.streamId = m_data.get_quint8(pos);
-    const int entry = m_entryOf[d.streamId];
-    const int type = entry < 0 ? int(STREAM_NONE) : m_hdr.streams.at(entry).type;
+    if (d.stream.id != d.streamId || d.stream.type == STREAM_NONE)
+        d.stream = _lookupStream(d.streamId);
+    const int type = d.stream.type;
     if (!_isAccepted(type)) {
         m_state = STATE_IDX;
         return;
     }
-    if (d.stream.id != d.streamId || d.stream.type != type)
-        d.stream = _lookupStream(d.streamId);
     d.extWord = 0;
     d.extByte1 = 0;
     d.extByte2 = 0;
@@ -193,11 +231,7 @@ void cVrk3Parser::_parseHDRIDXBLOCK()
 STREAM_T cVrk3Parser::_lookupStream(unsigned char id) const
 {
     const int entry = m_entryOf[id];
-    if (entry >= 0)
-        return m_hdr.streams.at(entry);
-    STREAM_T none;
-    none.id = id;
-    return none;
+    return entry >= 0 ? m_hdr.streams.at(entry) : STREAM_T{id, STREAM_NONE, {}, {}, {}};
 }
 
 // Joins fragments. True: d holds a whole logical block now.

@@ -75,6 +75,8 @@ private:
 
     bool _readHDR(HDR_T &hdr, int &pos);
     bool _readString(int &pos, QByteArray &string);
+    void _rememberOpenRun(int pos);
+    bool _reachesOpenRun(int hdrLen, int end);
     void _refuseHDR();
     void _acceptHDR(HDR_T &&hdr);
     quint32 _scan(quint32 a, quint32 b);
@@ -92,6 +94,14 @@ private:
     // Offset of the string that _parseHDR last waited for, 0 for none: until it ends there is no
     // point in reading the record again.
     int m_openString = 0;
+    // A run of non-zero bytes that refused a record: its first byte, the first byte behind it as
+    // far as is known, and its first tag. All offsets count from the first byte received.
+    struct RUN_T {
+        qint64 from = 0;
+        qint64 to = 0;
+        qint64 tag = 0;
+    };
+    RUN_T m_openRun;
     // The block at hand. It keeps its memory and its stream from one block to the next.
     DATA_T m_block;
     ACCOUNT_T m_account;

@@ -1,6 +1,6 @@
 #include "gpschain.h"
 
-cGpsChain::cGpsChain(const QString &filter, const QObject *sink)
+cGpsChain::cGpsChain(const QString &filter, QObject *sink)
 {
     QObject::connect(&m_parser, SIGNAL(signal_Data(HDR_T)), &m_hdrTxts, SLOT(slot_Data(HDR_T)));
     QObject::connect(&m_parser, SIGNAL(signal_Data(DATA_T)), &m_raw, SLOT(slot_Data(DATA_T)));

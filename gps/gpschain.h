@@ -18,7 +18,7 @@ public:
     // The format is read out of a file dialog's filter text: "*.gpx", "*.plt" or "*.kml" in it, or
     // none of them for the receiver's raw text. The sink has a slot slot_Data(const QByteArray &);
     // it is not owned.
-    cGpsChain(const QString &filter, const QObject *sink);
+    cGpsChain(const QString &filter, QObject *sink);
 
     cVrk3Parser &parser() { return m_parser; }
     const cGpsRaw &raw() const { return m_raw; }

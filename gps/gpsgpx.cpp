@@ -30,7 +30,7 @@ void cGpsGpx::slot_Data(const QByteArray &a)
     if (m_first) {
         m_first = false;
         Q_EMIT signal_Data(QByteArray(HEADER));
-        Q_EMIT signal_Data(m_name);
+        Q_EMIT signal_Data(m_name.toUtf8());
         Q_EMIT signal_Data(QByteArray(HEADER_END));
     }
     m_nmea.slot_Data(a);
@@ -39,7 +39,7 @@ void cGpsGpx::slot_Data(const QByteArray &a)
 void cGpsGpx::slot_Data(int what, const QString &s)
 {
     if (what == HDRTXT_TITLE)
-        m_name = s.toUtf8();
+        m_name = s;
 }
 
 void cGpsGpx::_slot_Nmea(const nmea_data &n)

@@ -4,14 +4,15 @@
 #include "nmea.h"
 #include "tracktext.h"
 
-#include <QByteArray>
 #include <QObject>
+#include <QString>
 
 // Writes the receiver's text as a GPX 1.1 file with one track of one segment.
 //
 // Header and points are sent as they come: the header with the first chunk, under the title of that
 // moment, and the end by the destructor. Nothing is sent if no chunk came. Nothing grows with the
 // track.
+// The title is not escaped: "]]>" in it ends the section that it stands in.
 class cGpsGpx : public QObject
 {
     Q_OBJECT
@@ -41,7 +42,7 @@ private:
 
     bool m_first = true;
     cNmea m_nmea;
-    QByteArray m_name;
+    QString m_name;
     cLocalClock m_clock;
     cTrackLine m_line;
 };

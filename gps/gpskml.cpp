@@ -23,7 +23,7 @@ cGpsKml::~cGpsKml()
 {
     m_line.begin().text(HEADER).text(m_name.toLocal8Bit()).text(HEADER_END);
     Q_EMIT signal_Data(m_line.bytes());
-    for (const nmea_data &n : qAsConst(m_track)) {
+    for (const nmea_data &n : std::as_const(m_track)) {
         m_line.begin().number(n.lon, 6, 6).text(",").number(n.lat, 6, 6).text(",");
         m_line.number(n.alt, 0, 1).text(" ");
         Q_EMIT signal_Data(m_line.bytes());

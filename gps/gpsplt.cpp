@@ -23,7 +23,7 @@ cGpsPlt::~cGpsPlt()
     m_line.begin().text(HEADER).text(m_name.toLocal8Bit()).text(",0\r\n");
     m_line.text(QByteArray::number(m_track.size())).text("\r\n");
     Q_EMIT signal_Data(m_line.bytes());
-    for (const nmea_data &n : qAsConst(m_track)) {
+    for (const nmea_data &n : std::as_const(m_track)) {
         m_line.begin().number(n.lat, 6, 6).text(",").number(n.lon, 6, 6).text(",0,");
         m_line.number(n.alt * FEET_PER_METRE, 6, 6).text(",");
         _dateTime(n);

@@ -15,6 +15,10 @@ inline constexpr double FEET_PER_METRE = 3.2808399;
 //
 // The header states the number of points: all points are kept until the destructor, which sends the
 // whole file, under the last title. It does so in every case, also without any text.
+//
+// The text is in the local 8-bit encoding, and the month in the language of the system. Commas of
+// the title become semicolons and its line ends blanks. Date and time are the receiver's UTC; the
+// day number is local time. A time that no calendar holds leaves date and time out.
 class cGpsPlt : public QObject
 {
     Q_OBJECT

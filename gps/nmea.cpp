@@ -71,9 +71,6 @@ const char *cNmea::_take(const char *p, const char *end)
         const void *const dollar = std::memchr(p, '$', size_t(end - p));
         if (!dollar)
             return end;
-        if (m_text.capacity() > TEXT_KEPT)
-            m_text = QByteArray();
-        m_text.resize(0);
         m_state = STATE_NAME;
         return static_cast<const char *>(dollar) + 1;
     }
@@ -99,8 +96,8 @@ const char *cNmea::_take(const char *p, const char *end)
     } else if (_isIn(IS_CHECKSUM_DIGIT, *p)) {
         m_text.append(*p);
         if (m_text.size() == m_star + 1 + CHECKSUM_LENGTH) {
-            m_state = STATE_SKIP;
             _sentence();
+            _letGo();
         }
         return p + 1;
     }
@@ -117,13 +114,14 @@ const char *cNmea::_takeName(const char *p, const char *end)
         ++run;
     m_text.append(p, run - p);
     if (m_text.size() == NAME_LENGTH) {
-        m_state = STATE_SKIP;
         for (int kind = 0; kind < NMEA_KINDS; ++kind) {
             if (std::memcmp(m_text.constData(), NAMES[size_t(kind)], NAME_LENGTH) == 0) {
                 m_kind = kind;
                 m_state = STATE_FIELDS;
+                return run;
             }
         }
+        _letGo();
     }
     return run;
 }
@@ -132,7 +130,15 @@ void cNmea::_giveUp()
 {
     if (m_state != STATE_NAME)
         ++m_account.malformed[size_t(m_kind)];
+    _letGo();
+}
+
+void cNmea::_letGo()
+{
     m_state = STATE_SKIP;
+    if (m_text.capacity() > TEXT_KEPT)
+        m_text = QByteArray();
+    m_text.resize(0);
 }
 
 // Reads the whole sentence that m_text holds.
@@ -261,12 +267,16 @@ double cNmea::_getDegreese(QByteArrayView field)
 // ddmmyy of this century as seconds since 1970 at the beginning of that day in local time.
 double cNmea::_getDate(QByteArrayView field)
 {
-    if (field != m_dateField) {
-        const QString text = QString::fromLatin1(_mid(field, 0, 4)) + QStringLiteral("20") +
-                             QString::fromLatin1(_right(field, 2));
+    const QByteArrayView dayAndMonth = _mid(field, 0, 4);
+    const QByteArrayView year = _right(field, 2);
+    const QByteArrayView last(m_dateField);
+    if (last.size() != dayAndMonth.size() + year.size() || !last.startsWith(dayAndMonth) ||
+        !last.endsWith(year)) {
+        const QString text =
+            QString::fromLatin1(dayAndMonth) + QStringLiteral("20") + QString::fromLatin1(year);
         const QDateTime midnight = QDateTime::fromString(text, QStringLiteral("ddMMyyyy"));
         m_date = midnight.isValid() ? double(midnight.toSecsSinceEpoch()) : UNREADABLE_DATE;
-        m_dateField = field.toByteArray();
+        m_dateField = dayAndMonth.toByteArray() + year.toByteArray();
     }
     return m_date;
 }

@@ -69,6 +69,7 @@ private:
     const char *_take(const char *p, const char *end);
     const char *_takeName(const char *p, const char *end);
     void _giveUp();
+    void _letGo();
     void _sentence();
     QByteArrayView _field(int index) const { return m_fields.at(size_t(index)); }
     bool _splitFields(QByteArrayView fields);
@@ -90,7 +91,7 @@ private:
     std::array<QByteArrayView, FIELDS_READ> m_fields;
     nmea_data m_fix;
     NMEA_ACCOUNT_T m_account;
-    // The last date read, as its field had it: only a new one is taken through the calendar.
+    // What counts of the last date field: only a new one is taken through the calendar.
     QByteArray m_dateField;
     double m_date = 0;
 };

@@ -57,12 +57,12 @@ public:
         return *this;
     }
     // A number with so many decimals, 1 or 6, and a point; filled with blanks on the left up to
-    // width.
+    // width, which is at most 8, with one decimal 3.
     cTrackLine &number(double value, int width, int decimals);
     // A number from 0 to 9999 in at least so many digits, up to 4, with zeros in front.
     cTrackLine &digits(int value, int count);
 
-    // The line up to now. Good until the next begin.
+    // Ends the line. Good until the next begin, which has to come ahead of the next piece.
     const QByteArray &bytes();
 
 private:
