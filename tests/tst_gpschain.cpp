@@ -16,8 +16,13 @@ static QByteArray _archive(const QByteArray &title, const QByteArray &text, int 
 {
     QRandomGenerator random(3);
     cArchiveWriter w;
-    w.header(title, {{1, 2, "", "", ""}, {253, 4, "", "Receiver", ""}});
+    // Beside the receiver's stream one of its type and one of its id that are not it.
+    w.header(title, {{2, 2}, {9, 4}, {253, 2}});
     w.index(0, 0);
+    w.block(253, nmeaSentence("GPRMC,1,A,2,N,3,E,4,5,230311"));
+    w.header(title, {{1, 2}, {9, 4}, {253, 4, "", "Receiver", ""}});
+    w.index(0, 0);
+    w.block(9, nmeaSentence("GPRMC,1,A,2,N,3,E,4,5,230311"));
     for (qsizetype pos = 0; pos < text.size();) {
         const QByteArray piece = text.mid(pos, random.bounded(1, longest + 1));
         w.block(253, piece);
@@ -51,6 +56,8 @@ private Q_SLOTS:
     void wholeFiles();
     void dateThatCannotBe();
     void lastTitleCounts();
+    void headerTexts();
+    void sink();
     void anyCut();
     void receiverLogs();
 };
@@ -162,6 +169,8 @@ void tst_GpsChain::dateThatCannotBe()
         QVERIFY(once.count("\r\n") >= 6);
     }
     QCOMPARE(_convert(archive, FILTERS[1]).count("</time></trkpt>\r\n"), 6);
+    if (qgetenv("TZ") == "UTC") // 4294967295 and twelve hours
+        QVERIFY(_convert(archive, FILTERS[1]).contains("<time>2106-02-07T18:28:15Z</time>"));
     QCOMPARE(_convert(archive, FILTERS[2]).count("\r\n"), 12);
 }
 
@@ -172,6 +181,47 @@ void tst_GpsChain::lastTitleCounts()
     QVERIFY(_convert(archive, FILTERS[1]).contains("<![CDATA[first]]>"));
     QVERIFY(_convert(archive, FILTERS[2]).contains(",second,0\r\n2\r\n"));
     QVERIFY(_convert(archive, FILTERS[3]).contains("<name>second</name>"));
+}
+
+void tst_GpsChain::headerTexts()
+{
+    HDR_T hdr;
+    hdr.title = QByteArray("T\xD0\xAF\xFF\0", 5);
+    const QByteArray zero(1, '\0');
+    hdr.streams = {{7, 2, "a" + zero, "seven" + zero, zero},
+                   {8, 0, zero, "none" + zero, zero},
+                   {7, 16, zero, zero, zero},
+                   {255, 3, zero, "odd" + zero, zero}};
+    QList<std::pair<int, QString>> sent;
+    cHdrTxts texts;
+    QObject::connect(&texts, &cHdrTxts::signal_Data, [&](int what, const QString &s) {
+        sent.append({what, s});
+    });
+    texts.slot_Data(hdr);
+    const QList<std::pair<int, QString>> wanted = {
+        {256, QString("TЯ") + QChar::ReplacementCharacter}, {7, "seven"}, {7, ""}, {255, "odd"}};
+    QCOMPARE(sent, wanted);
+    texts.slot_Data(HDR_T());
+    QCOMPARE(sent.mid(4), (QList<std::pair<int, QString>>{{256, ""}}));
+}
+
+void tst_GpsChain::sink()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("out"));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("older and longer") > 0);
+    file.close();
+    const QByteArray bytes("a\0\r\nb", 5);
+    cFileSaver(folder.filePath("no/such/folder")).slot_Data(bytes);
+    {
+        cFileSaver saver(file.fileName());
+        QCOMPARE(file.size(), 0);
+        saver.slot_Data(bytes);
+        saver.slot_Data({});
+        saver.slot_Data("c");
+    }
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), bytes + "c");
 }
 
 void tst_GpsChain::anyCut()
