@@ -53,7 +53,8 @@ static OUTCOME_T _parse(const QByteArray &input, CUT cut, quint32 seed = 1)
             outcome.signalled +=
                 "DATA " + QByteArray::number(d.streamId) + ':' + QByteArray::number(d.stream.type) +
                 " f" + QByteArray::number(d.flags, 16) + " e" + QByteArray::number(d.extWord) +
-                ' ' + QByteArray::number(d.size) + ' ' + d.payload.toPercentEncoding();
+                ',' + QByteArray::number(d.extByte1) + ',' + QByteArray::number(d.extByte2) + ' ' +
+                QByteArray::number(d.size) + ' ' + d.payload.toPercentEncoding();
             outcome.payload += d.payload.size();
         });
     _feed(parser, input, cut, seed);
