@@ -11,14 +11,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTranslator>
 
 #include <clocale>
-#include <filesystem>
 #include <string>
+
+#include <sys/stat.h>
 
 namespace
 {
@@ -35,8 +35,9 @@ void _loadTranslations()
     const QDir::Filters files = QDir::Files | QDir::Readable | QDir::Hidden | QDir::System;
     for (const QString &name : QDir(folder).entryList({filter}, files, QDir::NoSort)) {
         translators.append(new QTranslator);
-        // A file that cannot be loaded gives an empty translator, which does no harm.
-        (void)translators.constLast()->load(folder + '/' + name, {}, {}, {});
+        // A file that cannot be loaded gives an empty translator, which does no harm. Empty
+        // texts, since null ones would let Qt try other names, too.
+        (void)translators.constLast()->load(folder + '/' + name, "", "", "");
         QCoreApplication::installTranslator(translators.constLast());
     }
 }
@@ -124,11 +125,12 @@ void _proposeOutputs()
         gParams->outputs.append(name.replace(nameExtension, extension));
 }
 
+// Asks the open file and not its name, under which there may be another file by now.
 bool _isSameFile(const QFile &input, const QString &name)
 {
-    std::error_code notThere;
-    return std::filesystem::equivalent(input.filesystemFileName(),
-                                       QFileInfo(name).filesystemFilePath(), notThere);
+    struct stat in = {}, out = {};
+    return fstat(input.handle(), &in) == 0 && stat(QFile::encodeName(name), &out) == 0 &&
+           in.st_dev == out.st_dev && in.st_ino == out.st_ino;
 }
 
 // Leaves the one chosen name in the outputs, or nothing.
@@ -157,7 +159,8 @@ void _pump(QFile *input, cVrk3Parser *parser, cDlgProgress *progress)
         if (block.isEmpty())
             return;
         parser->slot_Data(block);
-        // Special files have bytes but no size.
+        // A file may have shrunk to nothing since it was read, and special files have no size: no
+        // division by 0.
         if (const qint64 size = input->size())
             progress->ui.progressBar->setValue(static_cast<int>(input->pos() * 100 / size));
         QCoreApplication::processEvents();

@@ -39,9 +39,9 @@ QSettings *_openFile(const std::string &file)
 
 QString _fullKey(const std::string &section, const std::string &key)
 {
-    const QString prefix =
-        section.empty() ? QStringLiteral("default/") : QString::fromLatin1(section.c_str()) + u'/';
-    return prefix + QString::fromLatin1(key.c_str());
+    const QString name = QString::fromLatin1(section.c_str());
+    return (name.isEmpty() ? QStringLiteral("default") : name) + u'/' +
+           QString::fromLatin1(key.c_str());
 }
 
 // The bytes that a stored text stands for. Escapes that Qt's INI layer has resolved, as in a

@@ -80,12 +80,23 @@ public:
     // Lets go of the current file and works on `file` from now on; section and default creation
     // stay as they are.
     void SetFile(const std::string &file);
-    // Directories as absolute paths without a closing slash; the latter two are made if missing,
-    // and named even if they cannot be made.
+    // Lets go of the current file, as `SetFile` and the destructor do by themselves. Not to be
+    // called on an object that either of them will still see: it would let go a second time, which
+    // upsets the count of the shared file and deletes a private one twice.
+    void ReleaseSettings();
+
+    // Directories as absolute paths without a closing slash. The home directory.
     static std::string GetUserDir();
+    // Where the program lies, and the installed file beside it. Needs the application object.
     static std::string GetAppDir();
+    // `g_prefixSettings` and `g_prefixConfigs` in the home directory. Both are made if missing, and
+    // named even if they cannot be made.
     static std::string GetSettingsDir();
     static std::string GetConfigDir();
+    // Makes the layers that all objects share on the first call of the process, and counts one more
+    // object on them. The constructors do so for their object; any other call upsets the count, and
+    // the last object no longer brings the user's file up to date when it goes.
+    static void distributeConfig();
 
     // Any bytes as one line of ASCII. Line feed, carriage return, tab and backslash become \n, \r,
     // \t and \\, every other byte outside 0x20 to 0x7F becomes \x and two lower-case digits.
@@ -95,12 +106,6 @@ public:
     static std::string _undecorate(const std::string &text);
 
 protected:
-    // Lets go of the current file, which leaves the object without one: for `SetFile` and the
-    // destructor, each of which does so once.
-    void ReleaseSettings();
-    // Makes the shared layers on the first call of the process and counts one more object on them.
-    static void distributeConfig();
-
     // The user's file and the installed one, null until `distributeConfig`; they stay to the end
     // of the process.
     static QSettings *mDefSettings;

@@ -79,6 +79,7 @@ private Q_SLOTS:
         QCOMPARE(q(own.GetString("name", "default")), "default");
         own.WriteString("", "a", "1");
         QCOMPARE(q(own.GetString("default", "a", "")), "1");
+        QCOMPARE(q(own.GetString(string("\0Z", 2), "a", "")), "1");
         QCOMPARE(q(own.GetString("a", "elsewhere")), "elsewhere");
         own.WriteString("impossible", g_impossibleString);
         QCOMPARE(q(own.GetString("impossible", "missed")), "missed");

@@ -47,6 +47,7 @@ private Q_SLOTS:
         row({}, Qt::Key_Return, "Raw GPS output file (*.txt)");
         row({"GoogleEarth KML (.kml)"}, Qt::Key_Enter, "GoogleEarth track (*.kml)");
         row({"GoogleEarth KML (.kml)"}, Qt::Key_Escape, "");
+        row({"Tab", "Tab"}, Qt::Key_Return, "Raw GPS output file (*.txt)"); // On Cancel.
     }
 
     void choiceBecomesParams()
@@ -55,6 +56,8 @@ private Q_SLOTS:
         QFETCH(int, key);
         QFETCH(QString, filter);
         for (const QString &click : clicks) {
+            if (click == "Tab")
+                QTest::keyClick(m_frame->windowHandle(), Qt::Key_Tab);
             for (auto *button : m_frame->findChildren<QAbstractButton *>()) {
                 if (name(button) == click)
                     QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));

@@ -84,6 +84,8 @@ private Q_SLOTS:
         ZelWindow window;
         window.setCentralWidget(new QPushButton("wider than the window at first"));
         window.setGeometry(10, 20, 60, 30);
+        const QColor border = window.grab().toImage().pixelColor(0, 10); // Not yet active.
+        QVERIFY(_contrast(border, window.palette().color(QPalette::Window)) >= 3);
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         QCOMPARE(window.geometry(), QRect(10, 20, 60, 30));

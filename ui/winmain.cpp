@@ -42,7 +42,8 @@ void CWinMain::onOK()
 
 void CWinMain::_addShortcuts()
 {
-    // Return belongs to this form alone: on a button of the title bar it is not meant for OK.
+    // Return is OK wherever in this form the keyboard is, on Cancel too, which has Escape and the
+    // space bar. On a button of the title bar it is not meant for OK.
     auto *accept = new QShortcut(this);
     accept->setKeys({Qt::Key_Return, Qt::Key_Enter});
     accept->setContext(Qt::WidgetWithChildrenShortcut);

@@ -8,7 +8,7 @@ namespace
 // The colour of small texts in the forms is also the accent of the style.
 constexpr QRgb ACCENT = 0xffc0c0ff;
 constexpr QRgb OUTLINE = 0xff8a90a6;
-constexpr QRgb FIELD = 0xff5d6378;
+constexpr QRgb FIELD = 0xff6a7086;
 
 struct COLOUR_T {
     QPalette::ColorRole role;

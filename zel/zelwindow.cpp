@@ -15,6 +15,9 @@
 namespace
 {
 constexpr int BORDER = 1;
+// At least 3 to 1 on the ground of a window: one may lie on another.
+constexpr QRgb BORDER_ACTIVE = 0xffc0c0ff;
+constexpr QRgb BORDER_INACTIVE = 0xff8a90a6;
 // How near to an edge the mouse has to be to resize, and how far along it a corner reaches.
 constexpr int GRIP = 5;
 constexpr int CORNER = 14;
@@ -179,7 +182,7 @@ ZelWindowTitle *ZelWindow::zelWindowTitle() const
     return m_title;
 }
 
-QSize ZelWindow::minimumSizeHint() const
+QSize ZelWindow::_leastSize() const
 {
     const QSize title = m_title->minimumSizeHint();
     const QSize content = m_content ? m_content->minimumSizeHint() : QSize(0, 0);
@@ -222,8 +225,7 @@ void ZelWindow::paintEvent(QPaintEvent *)
     QPainter painter(this);
     const QRect inner = rect().adjusted(border, border, -border, -border);
     painter.setClipRegion(QRegion(rect()) - inner);
-    painter.fillRect(
-        rect(), palette().color(isActiveWindow() ? QPalette::PlaceholderText : QPalette::Light));
+    painter.fillRect(rect(), QColor::fromRgba(isActiveWindow() ? BORDER_ACTIVE : BORDER_INACTIVE));
 }
 
 void ZelWindow::mousePressEvent(QMouseEvent *event)
@@ -234,7 +236,7 @@ void ZelWindow::mousePressEvent(QMouseEvent *event)
     const QPoint position = event->position().toPoint();
     if (const Qt::Edges edges = _edgesAt(position)) {
         // Only for the hand on the edge: a stored size may well be smaller.
-        windowHandle()->setMinimumSize(minimumSizeHint());
+        windowHandle()->setMinimumSize(_leastSize());
         windowHandle()->startSystemResize(edges);
     } else if (_isOnTitle(position)) {
         m_pressed = position;

@@ -13,8 +13,7 @@ class ZelWindowTitle : public QWidget
 {
     Q_OBJECT
 public:
-    // Some programs that share this frame name a connected device in the title bar. This title bar
-    // has no place for a device, so none is shown whatever is asked for.
+    // Accepted and without effect: this title bar shows no device.
     void setHiddenDevice(bool hidden);
 
 private:
@@ -50,10 +49,6 @@ public:
     // The title bar; it belongs to the window.
     [[nodiscard]] ZelWindowTitle *zelWindowTitle() const;
 
-    // The least size at which title bar and content can be used. It holds for resizing by hand
-    // only.
-    [[nodiscard]] QSize minimumSizeHint() const override;
-
 protected:
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -70,6 +65,8 @@ private:
     [[nodiscard]] Qt::Edges _edgesAt(const QPoint &position) const;
     [[nodiscard]] bool _isOnTitle(const QPoint &position) const;
     [[nodiscard]] int _border() const;
+    // At which title bar and content can be used.
+    [[nodiscard]] QSize _leastSize() const;
     void _layOut();
     void _showState();
 
