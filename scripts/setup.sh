@@ -8,7 +8,8 @@ declare -A packages=(
     # A virtual desktop, with the means to press, type and look on it.
     [desktop]="xvfb xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core python3
                python3-gi gir1.2-atspi-2.0 locales util-linux"
-    [tests]="qt6-wayland weston gdal-bin gpsbabel libxml2-utils man-db python3-jsonschema
+    [wayland]="qt6-wayland"
+    [tests]="weston gdal-bin gpsbabel libxml2-utils man-db python3-jsonschema
              lintian desktop-file-utils appstream shared-mime-info"
     [bench]="libbenchmark-dev gpsbabel time python3-xlib zenity gnuplot-nox"
     [checks]="git clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev"
@@ -23,7 +24,7 @@ need_packages() {
     local kind package missing=()
     for kind; do
         for package in ${packages[$kind]}; do
-            [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+            [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed* ]] ||
                 missing+=("$package")
         done
     done
@@ -39,7 +40,7 @@ need_packages() {
 need_locales() {
     local name
     for name; do
-        locale -a | grep -qix "$name\.utf-\?8" ||
+        grep -qix "$name\.utf-\?8" <<<"$(locale -a)" ||
             as_root localedef -i "$name" -f UTF-8 "$name.UTF-8"
     done
 }
