@@ -233,6 +233,28 @@ void cNmea::_gprmc()
 // The receiver's error estimate: read by nobody, but the sentence counts as one.
 void cNmea::_pgrme() {}
 
+// A field of digits, with a point or without, few enough for a quotient of two exact numbers, which
+// is the nearest double. That is nearly every field. False: it has to be read in earnest.
+static bool _readPlain(QByteArrayView field, double &value)
+{
+    static constexpr std::array<double, 16> POWERS = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                      1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    if (field.size() >= qsizetype(POWERS.size()))
+        return false;
+    qint64 digits = 0;
+    const char *point = nullptr;
+    for (const char &c : field) {
+        if (c >= '0' && c <= '9')
+            digits = digits * 10 + (c - '0');
+        else if (c == '.' && !point)
+            point = &c;
+        else
+            return false;
+    }
+    value = point ? double(digits) / POWERS[size_t(field.end() - point - 1)] : double(digits);
+    return true;
+}
+
 // The longest number that the field begins with, 0 if there is none: what strtod gives in the C
 // locale, whatever the locale of the process.
 double cNmea::_getDouble(QByteArrayView field)
@@ -244,6 +266,8 @@ double cNmea::_getDouble(QByteArrayView field)
             return 0;
     }
     double value = 0;
+    if (_readPlain(field, value))
+        return value;
     const auto [end, error] = std::from_chars(begin, field.end(), value);
     if (error == std::errc::result_out_of_range) {
         // from_chars does not tell too large from too small.
