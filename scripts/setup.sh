@@ -6,8 +6,8 @@ declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
              qt6-translations-l10n librsvg2-bin dpkg-dev file"
     # A virtual desktop, with the means to press, type and look on it.
-    [desktop]="xvfb xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core python3
-               python3-gi gir1.2-atspi-2.0 locales util-linux"
+    [desktop]="xvfb x11-utils xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core
+               python3 python3-gi gir1.2-atspi-2.0 locales util-linux"
     [wayland]="qt6-wayland"
     [tests]="weston gdal-bin gpsbabel libxml2-utils man-db python3-jsonschema
              lintian desktop-file-utils appstream shared-mime-info"

@@ -34,4 +34,7 @@ with tempfile.TemporaryDirectory() as copies:
                 faults.append(f"{ts.name}: {KEPT.findall(key[1])} is lost from {key}")
             elif ts.stem.endswith("_en") and re.search("[а-яё]", text, re.IGNORECASE):
                 faults.append(f"{ts.name}: not English: {key}")
+            elif (ts.stem.endswith("_ru") and key[1] not in ("VrkTrk", "GoogleEarth KML (.kml)")
+                  and not re.search("[а-яё]", text, re.IGNORECASE)):
+                faults.append(f"{ts.name}: not Russian: {key}")
 sys.exit("\n".join(faults) or (None if len(languages) >= 2 and now else "nothing to look at"))

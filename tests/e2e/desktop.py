@@ -5,7 +5,7 @@
             with self.start("a.vrk3") as program:       # in self.folder, with self.home as home
                 program.press("radio button", "GPS Exchange Format (.gpx)")
                 program.press("push button", "OK")
-                program.save_as(self.folder / "b.gpx")
+                program.fill_in("Save", self.folder / "b.gpx")
             # It has ended by now, with exit code 0 and without a word.
 
     unittest.main()
@@ -51,13 +51,20 @@ class Desktop:
         self.runtime = tempfile.TemporaryDirectory(prefix="vrktrk-desktop-")
         self.processes = []
         self.log = open(f"{self.runtime.name}/log", "wb")
+        try:
+            self._start(size)
+        except BaseException:
+            self.close()
+            raise
+
+    def _start(self, size):
         for name in "DISPLAY", "WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORM":
             os.environ.pop(name, None)
         os.environ.update(XDG_RUNTIME_DIR=self.runtime.name, LANG="de_DE.UTF-8", LC_ALL="",
                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._serve(
             "dbus-daemon", "--session", "--nofork", "--print-address={ready}")
-        if wayland:
+        if self.wayland:
             # The debug protocol is what lets a picture of the screen be taken.
             self._serve("weston", "--backend=headless-backend.so", "--use-pixman", "--no-config",
                         "--debug", "--socket=vrktrk", f"--width={size.split('x')[0]}",
@@ -84,11 +91,15 @@ class Desktop:
             stdout=self.log, stderr=self.log, start_new_session=True))
         os.close(write)
         with os.fdopen(read) as answer:
-            return answer.readline().strip() if any("{ready}" in part for part in command) else ""
+            said = answer.readline().strip() if any("{ready}" in part for part in command) else "-"
+        if not said:
+            raise AssertionError(f"{command[0]} does not start")
+        return said
 
     def close(self):
         for process in reversed(self.processes):
-            os.killpg(process.pid, signal.SIGTERM)
+            if process.poll() is None:
+                os.killpg(process.pid, signal.SIGTERM)
             process.wait()
         self.log.close()
         self.runtime.cleanup()
@@ -128,11 +139,13 @@ class Program:
             failure = True
             raise
         finally:
-            if failure:
-                self.desktop.picture(f"failed-{self.process.pid}.png")
-            self.process.kill()
-            self.process.wait()
-            self.output.close()
+            try:
+                if failure:
+                    self.desktop.picture(f"failed-{self.process.pid}.png")
+            finally:
+                self.process.kill()
+                self.process.wait()
+                self.output.close()
 
     def widgets(self):
         """All widgets of the program from the top down, each as (depth, widget)."""

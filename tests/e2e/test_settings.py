@@ -108,6 +108,17 @@ class SettingsTest(desktop.Case):
                                            capture_output=True, timeout=desktop.PATIENCE)
                     self.assertEqual((ended.returncode, ended.stderr), (1, STOP % installed))
 
+    def test_shows_version_and_icon(self):
+        beside = configparser.ConfigParser()
+        beside.read(pathlib.Path(os.environ["VRKTRK_PROGRAM"]).with_name("settings.ini"))
+
+        def look(program, window):
+            program.find("label", f"VrkTrk \n{beside['common']['options_version']}")
+            icon = subprocess.check_output(["xprop", "-id", window, "-f", "_NET_WM_ICON", "32c",
+                                            "_NET_WM_ICON"], text=True)
+            self.assertRegex(icon, r"= \d+, \d+, ")
+        self.session(look)
+
     def test_languages(self):
         """The program's own texts and Qt's, and a format told by its translated text."""
         for language, gpx, save, cancel in (
