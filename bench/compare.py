@@ -76,10 +76,19 @@ def virtual_screen(manager):
 
 
 def press(title, *keys):
-    """Presses keys in the window of this title, once it is there."""
-    found = subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--name", title],
-                           check=True, capture_output=True, text=True).stdout.split()[0]
-    subprocess.run(["xdotool", "windowactivate", "--sync", found, "key", *keys], check=True)
+    """Presses keys, of which the last closes it, in the window of this title, once it is there."""
+    def find():
+        return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], check=False,
+                              capture_output=True, text=True).stdout.split("\n")[0]
+
+    while not find():
+        time.sleep(0.05)
+    # A window that has only just come may miss a key.
+    while found := find():
+        subprocess.run(["xdotool", "windowactivate", found, "key", *keys], check=False,
+                       stderr=subprocess.DEVNULL)
+        keys = keys[-1:]
+        time.sleep(0.3)
 
 
 def through_window(to, archive):

@@ -152,6 +152,8 @@ void _pump(QFile *input, cVrk3Parser *parser, cDlgProgress *progress)
 {
     // One block for the whole run: a new one each time would be mapped and faulted in again.
     QByteArray block;
+    // Asked once, since asking the system for each block shows in the cost of the whole run.
+    const qint64 size = input->size();
     while (!input->atEnd() && progress->isVisible()) {
         block.resize(BLOCK_SIZE);
         block.resize(qMax<qint64>(0, input->read(block.data(), BLOCK_SIZE)));
@@ -159,9 +161,8 @@ void _pump(QFile *input, cVrk3Parser *parser, cDlgProgress *progress)
         if (block.isEmpty())
             return;
         parser->slot_Data(block);
-        // A file may have shrunk to nothing since it was read, and special files have no size: no
-        // division by 0.
-        if (const qint64 size = input->size())
+        // Special files have bytes but no size: no division by 0.
+        if (size > 0)
             progress->ui.progressBar->setValue(static_cast<int>(input->pos() * 100 / size));
         QCoreApplication::processEvents();
     }
