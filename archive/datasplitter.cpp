@@ -43,17 +43,17 @@ void cDataSplitter::append(const QByteArray &a)
 QByteArray cDataSplitter::peek_block(int pos, int len) const
 {
     require(qsizetype(pos) + len);
-    return QByteArray(_front() + pos, len);
+    return {_front() + pos, len};
 }
 
-QByteArray cDataSplitter::get_block(int &pos, int len)
+QByteArray cDataSplitter::get_block(int &pos, int len) const
 {
     QByteArray block = peek_block(pos, len);
     pos += len;
     return block;
 }
 
-void cDataSplitter::get_block(int &pos, int len, QByteArray &block)
+void cDataSplitter::get_block(int &pos, int len, QByteArray &block) const
 {
     require(qsizetype(pos) + len);
     if (!block.isDetached())
@@ -75,10 +75,10 @@ QByteArray cDataSplitter::peek_string(int pos) const
 {
     const qsizetype end = pos < size() ? find_zero(pos) : pos;
     require(end + 1);
-    return QByteArray(_front() + pos, end + 1 - pos);
+    return {_front() + pos, end + 1 - pos};
 }
 
-QByteArray cDataSplitter::get_string(int &pos)
+QByteArray cDataSplitter::get_string(int &pos) const
 {
     QByteArray string = peek_string(pos);
     pos += int(string.size());

@@ -29,16 +29,16 @@ public:
     void require(qsizetype n) const;
 
     QByteArray peek_block(int pos, int len) const;
-    QByteArray get_block(int &pos, int len);
+    QByteArray get_block(int &pos, int len) const;
     // The same into an array of the caller's: its contents are replaced, its memory is used again
     // if nobody shares it.
-    void get_block(int &pos, int len, QByteArray &block);
+    void get_block(int &pos, int len, QByteArray &block) const;
     QByteArray peek_block(int len) const { return peek_block(0, len); }
     QByteArray get_block(int len);
 
     // Strings come with their closing zero byte.
     QByteArray peek_string(int pos) const;
-    QByteArray get_string(int &pos);
+    QByteArray get_string(int &pos) const;
     QByteArray peek_string() const { return peek_string(0); }
     QByteArray get_string();
     // Offset of the first zero byte from pos on, size() if none has arrived. A byte that has been

@@ -188,22 +188,22 @@ void tst_Vrk3Parser::records_data()
         "0300c0fd 244750");
     const QByteArrayList exampleSignals = {"HDR T%00 253:4:A%00B%00C%00 t1=X%00", "IDX 1 2 ",
                                            "DATA 253:4 fc0 e0,0,0 3 %24GP"};
+    const QByteArray table = "253:4:gps%00GPS%00%00 1:1:%00ext%00%00 2:2:%00%00%00 "
+                             "3:0:none%00%00%00 5:16:%00%00%00 253:2:second%00%00%00 7:3:%00%00%00";
     QTest::newRow("one of each") << example << exampleSignals << qint64(0);
-    QTest::newRow("sound")
-        << _soundArchive()
-        << QByteArrayList{"HDR Title%00 253:4:gps%00GPS%00%00 1:1:%00ext%00%00 "
-                          "2:2:%00%00%00 3:0:none%00%00%00 5:16:%00%00%00 "
-                          "253:2:second%00%00%00 7:3:%00%00%00 t1=again%00 t8=eight%00",
-                          "IDX 1 2 616263",
-                          "DATA 253:4 fc0 e0,0,0 3 %24GP",
-                          "DATA 1:1 fc0 e3000,4,0 5 whole",
-                          "DATA 1:1 fc7 e1,3,9 35 0123456789" + QByteArray(20, 'm') + "12345",
-                          "DATA 2:2 fc0 e0,0,0 12 firstB5%B5%B5%05%B5%20",
-                          "DATA 5:16 fff e0,0,0 0 ",
-                          "HDR Second%00 253:4:%00%00%00",
-                          "IDX 3 4 ",
-                          "DATA 253:4 fc0 e0,0,0 700 " + QByteArray(700, 'x')}
-        << qint64(0);
+    QTest::newRow("sound") << _soundArchive()
+                           << QByteArrayList{"HDR Title%00 " + table + " t1=again%00 t8=eight%00",
+                                             "IDX 1 2 616263",
+                                             "DATA 253:4 fc0 e0,0,0 3 %24GP",
+                                             "DATA 1:1 fc0 e3000,4,0 5 whole",
+                                             "DATA 1:1 fc7 e1,3,9 35 0123456789" +
+                                                 QByteArray(20, 'm') + "12345",
+                                             "DATA 2:2 fc0 e0,0,0 12 firstB5%B5%B5%05%B5%20",
+                                             "DATA 5:16 fff e0,0,0 0 ",
+                                             "HDR Second%00 253:4:%00%00%00",
+                                             "IDX 3 4 ",
+                                             "DATA 253:4 fc0 e0,0,0 700 " + QByteArray(700, 'x')}
+                           << qint64(0);
     const QByteArray ahead = QByteArray::fromHex("05b5b5b5 b5b5 b5b505 0300c0fd");
     QTest::newRow("bytes ahead") << ahead + example << exampleSignals << qint64(0);
     QTest::newRow("no header") << ahead << QByteArrayList() << qint64(3);
@@ -225,10 +225,8 @@ void tst_Vrk3Parser::records_data()
     w.index(4, 4);
     w.block(99, "not in the table");
     QByteArray damaged = w.take();
-    const QByteArrayList noData = {
-        "HDR %00 253:4:gps%00GPS%00%00 1:1:%00ext%00%00 2:2:%00%00%00 3:0:none%00%00%00 "
-        "5:16:%00%00%00 253:2:second%00%00%00 7:3:%00%00%00",
-        "IDX 1 1 ", "IDX 2 2 ", "IDX 3 3 ", "IDX 4 4 "};
+    const QByteArrayList noData = {"HDR %00 " + table, "IDX 1 1 ", "IDX 2 2 ", "IDX 3 3 ",
+                                   "IDX 4 4 "};
     QTest::newRow("damaged") << damaged << noData << qint64(3);
 
     // Tables and texts that reach into one string which stays open: all refused, none read for
