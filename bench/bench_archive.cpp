@@ -18,9 +18,10 @@ public:
     qint64 blocks = 0;
 
 public Q_SLOTS:
-    void slot_Data(const DATA_T &) { ++blocks; }
+    void slot_Data(const DATA_T & /*d*/) { ++blocks; }
 
 Q_SIGNALS:
+    // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): moc has names of its own
     void signal_Data(const DATA_T &d);
 };
 
@@ -45,7 +46,7 @@ void _walk(benchmark::State &state, const QByteArray &beginning, QByteArray patt
     QObject::connect(&parser, SIGNAL(signal_Data(DATA_T)), &listener, SLOT(slot_Data(DATA_T)));
     parser.slot_Data(beginning);
     qsizetype next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         parser.slot_Data(chunks.at(next));
         next = (next + 1) % chunks.size();
     }
@@ -92,7 +93,7 @@ void bareSignal(benchmark::State &state)
     cListener listener;
     QObject::connect(&sender, SIGNAL(signal_Data(DATA_T)), &listener, SLOT(slot_Data(DATA_T)));
     const DATA_T d;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         Q_EMIT sender.signal_Data(d);
     benchmark::DoNotOptimize(listener.blocks);
 }

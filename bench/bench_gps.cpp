@@ -32,7 +32,7 @@ template <typename F>
 void _feed(benchmark::State &state)
 {
     constexpr qsizetype chunk = 4096;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         cSink sink;
         {
             F filter;
@@ -51,7 +51,7 @@ void _feed(benchmark::State &state)
 
 void decoder(benchmark::State &state)
 {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         cNmea nmea;
         nmea.slot_Data(_text());
         benchmark::DoNotOptimize(nmea.account().points);
@@ -63,7 +63,7 @@ void number(benchmark::State &state)
 {
     cTrackLine line;
     double value = 55.7;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         value += 0.000013;
         benchmark::DoNotOptimize(line.begin().number(value, 5, 6).bytes().constData());
     }
@@ -72,7 +72,7 @@ void number(benchmark::State &state)
 void numberByQt(benchmark::State &state)
 {
     double value = 55.7;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         value += 0.000013;
         benchmark::DoNotOptimize(QStringLiteral("%0").arg(value, 5, 'f', -1).toLatin1());
     }
@@ -82,14 +82,14 @@ void localTime(benchmark::State &state)
 {
     cLocalClock clock;
     qint64 second = 1300881667;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(clock.civil(++second));
 }
 
 void localTimeByQt(benchmark::State &state)
 {
     qint64 second = 1300881667;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(QDateTime::fromSecsSinceEpoch(++second).toString(
             QStringLiteral("yyyy-MM-ddThh:mm:ssZ")));
 }

@@ -31,7 +31,7 @@ public:
         if (is("noise"))
             return _noise();
         if (is("b5"))
-            return QByteArray(MEBIBYTE, '\xB5');
+            return {MEBIBYTE, '\xB5'};
         if (is("magics"))
             return _fill("\xB5\xB5\x05\xB5");
         if (is("text"))

@@ -4,7 +4,7 @@
 
 #include <QList>
 
-#include <cstring>
+#include <bit>
 
 namespace
 {
@@ -28,7 +28,9 @@ QList<nmea_data> _decode(const QByteArray &text, bool whole)
 // The bits count: NaN is a number here as any other.
 bool _isSame(const nmea_data &a, const nmea_data &b)
 {
-    const auto same = [](double x, double y) { return std::memcmp(&x, &y, sizeof x) == 0; };
+    const auto same = [](double x, double y) {
+        return std::bit_cast<quint64>(x) == std::bit_cast<quint64>(y);
+    };
     return a.valid == b.valid && same(a.time, b.time) && same(a.date, b.date) &&
            same(a.lat, b.lat) && same(a.lon, b.lon) && same(a.alt, b.alt) &&
            same(a.speed, b.speed) && same(a.course, b.course);

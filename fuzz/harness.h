@@ -25,7 +25,8 @@ void inChunks(const QByteArray &input, F &&feed)
     constexpr qsizetype large = 65536;
     const qsizetype longest = input.size() > large ? large + 4000 : 200;
     for (qsizetype pos = 0; pos < input.size();) {
-        const qsizetype n = 1 + (static_cast<unsigned char>(input.at(pos)) * 7919 + pos) % longest;
+        const qsizetype n =
+            1 + (qsizetype(static_cast<unsigned char>(input.at(pos))) * 7919 + pos) % longest;
         feed(input.mid(pos, n));
         pos += n;
     }
@@ -35,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size);
 
 inline QByteArray inputOf(const unsigned char *data, size_t size)
 {
-    return QByteArray(reinterpret_cast<const char *>(data), qsizetype(size));
+    return {reinterpret_cast<const char *>(data), qsizetype(size)};
 }
 
 #endif

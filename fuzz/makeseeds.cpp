@@ -76,7 +76,7 @@ int main(int argc, char **argv)
                       _write(folder + "/fuzz_chain", "damaged", _damaged()) &&
                       _write(folder + "/fuzz_chain", "open", "\xFE" + _open()) &&
                       _write(folder + "/fuzz_nmea", "sentences", _sentences()) &&
-                      _write(folder + "/fuzz_undecorate", "escapes", "a\\\\b\\x41\\n\\q\\") &&
+                      _write(folder + "/fuzz_undecorate", "escapes", R"(a\\b\x41\n\q\)") &&
                       _write(folder + "/fuzz_inifile", "file", ini);
     if (!done)
         std::fprintf(stderr, "makeseeds: cannot write into %s\n", argv[1]);
