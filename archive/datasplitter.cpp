@@ -1,4 +1,4 @@
-#include "datasplitter.h"
+#include "archive/datasplitter.h"
 
 #include <cstring>
 

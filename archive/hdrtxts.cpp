@@ -1,4 +1,4 @@
-#include "hdrtxts.h"
+#include "archive/hdrtxts.h"
 
 #include <QMetaMethod>
 

@@ -1,7 +1,7 @@
 #ifndef HDRTXTS_H
 #define HDRTXTS_H
 
-#include "vrk3format.h"
+#include "archive/vrk3format.h"
 
 #include <QObject>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "vrk3parser.h"
+#include "archive/vrk3parser.h"
 
 #include <limits>
 #include <utility>

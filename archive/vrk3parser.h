@@ -1,8 +1,8 @@
 #ifndef VRK3PARSER_H
 #define VRK3PARSER_H
 
-#include "datasplitter.h"
-#include "vrk3format.h"
+#include "archive/datasplitter.h"
+#include "archive/vrk3format.h"
 
 #include <QMap>
 #include <QObject>

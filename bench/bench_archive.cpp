@@ -1,6 +1,6 @@
 // The walk through an archive, by what the archive holds.
-#include "archivewriter.h"
-#include "vrk3parser.h"
+#include "archive/vrk3parser.h"
+#include "sample/archivewriter.h"
 
 #include <QRandomGenerator>
 

@@ -1,12 +1,14 @@
 // Receiver text into each format, and the pieces of that road, beside Qt's own where there is one.
-#include "gpschain.h"
-#include "receivertext.h"
+#include "gps/gpschain.h"
+#include "sample/receivertext.h"
 
 #include <QDateTime>
 
 #include <benchmark/benchmark.h>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -74,7 +76,7 @@ void numberByQt(benchmark::State &state)
     double value = 55.7;
     for ([[maybe_unused]] auto _ : state) {
         value += 0.000013;
-        benchmark::DoNotOptimize(QStringLiteral("%0").arg(value, 5, 'f', -1).toLatin1());
+        benchmark::DoNotOptimize(u"%0"_s.arg(value, 5, 'f', -1).toLatin1());
     }
 }
 
@@ -90,8 +92,8 @@ void localTimeByQt(benchmark::State &state)
 {
     qint64 second = 1300881667;
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(QDateTime::fromSecsSinceEpoch(++second).toString(
-            QStringLiteral("yyyy-MM-ddThh:mm:ssZ")));
+        benchmark::DoNotOptimize(
+            QDateTime::fromSecsSinceEpoch(++second).toString(u"yyyy-MM-ddThh:mm:ssZ"_s));
 }
 } // namespace
 

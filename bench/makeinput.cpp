@@ -1,7 +1,7 @@
 // makeinput KIND MEBIBYTES FILE: writes an input for the comparisons, at least so long. The same
 // bytes on every machine.
-#include "archivewriter.h"
-#include "receivertext.h"
+#include "sample/archivewriter.h"
+#include "sample/receivertext.h"
 
 #include <QFile>
 #include <QRandomGenerator>

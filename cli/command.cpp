@@ -1,10 +1,12 @@
-#include "command.h"
+#include "cli/command.h"
 
-#include "interrupt.h"
+#include "cli/interrupt.h"
 
 #include <cstdio>
 #include <unistd.h>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 QString printable(const QString &text)
 {
@@ -40,12 +42,10 @@ int cCommand::run(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(m_summary);
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Shows this help."));
+    const QCommandLineOption help({u"h"_s, u"help"_s}, u"Shows this help."_s);
     parser.addOption(help);
     addOptions(parser);
-    parser.addPositionalArgument(QStringLiteral("ARCHIVE"),
-                                 QStringLiteral("VRK3 archives; - is standard input."));
+    parser.addPositionalArgument(u"ARCHIVE"_s, u"VRK3 archives; - is standard input."_s);
     // The first entry stands for the program, which the parser leaves out.
     if (!parser.parse(QStringList(m_name) + arguments))
         return _wrongUse(parser.errorText());
@@ -55,7 +55,7 @@ int cCommand::run(const QStringList &arguments)
     }
     m_archives = parser.positionalArguments();
     if (m_archives.isEmpty())
-        return _wrongUse(QStringLiteral("no archive was given"));
+        return _wrongUse(u"no archive was given"_s);
     const QString wrong = readOptions(parser);
     if (!wrong.isEmpty())
         return _wrongUse(wrong);
@@ -63,16 +63,16 @@ int cCommand::run(const QStringList &arguments)
     int status = EXIT_DONE;
     const auto judge = [&status](const QString &file, const QString &reason) {
         if (!reason.isEmpty()) {
-            complain(file + QStringLiteral(": ") + reason);
+            complain(file + u": "_s + reason);
             status = EXIT_SOME_FAILED;
         }
     };
-    for (const QString &archive : qAsConst(m_archives)) {
-        judge(displayName(archive, QStringLiteral("standard input")), process(archive));
+    for (const QString &archive : std::as_const(m_archives)) {
+        judge(displayName(archive, u"standard input"_s), process(archive));
         if (isInterrupted())
             endInterrupted();
     }
-    judge(QStringLiteral("standard output"), finish());
+    judge(u"standard output"_s, finish());
     return status;
 }
 
@@ -89,7 +89,7 @@ QList<FILEID_T> cCommand::archiveIds() const
 
 int cCommand::_wrongUse(const QString &reason) const
 {
-    complain(QStringLiteral("%1: %2 (see vrk3 %1 --help)").arg(m_name, reason));
+    complain(u"%1: %2 (see vrk3 %1 --help)"_s.arg(m_name, reason));
     return EXIT_WRONG_USE;
 }
 
@@ -98,5 +98,5 @@ void cCommand::_showHelp(const QCommandLineParser &parser) const
     // The first line would name the program by its path and know nothing of commands.
     const QString help = parser.helpText();
     std::printf("Usage: vrk3 %s %s\n%s", qPrintable(m_name), qPrintable(m_usage),
-                qPrintable(help.mid(help.indexOf(QLatin1Char('\n')) + 1)));
+                qPrintable(help.mid(help.indexOf(u'\n') + 1)));
 }

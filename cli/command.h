@@ -1,7 +1,7 @@
 #ifndef COMMAND_H
 #define COMMAND_H
 
-#include "inputfile.h"
+#include "cli/inputfile.h"
 
 #include <QCommandLineParser>
 #include <QString>

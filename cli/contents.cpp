@@ -1,8 +1,10 @@
-#include "contents.h"
+#include "cli/contents.h"
 
-#include "command.h"
+#include "cli/command.h"
 
 #include <QJsonArray>
+
+using namespace Qt::StringLiterals;
 
 static constexpr qsizetype MAX_TITLES = 16;
 static constexpr double METRES_A_KILOMETRE = 1000;
@@ -31,7 +33,7 @@ static QString _longitude(double value)
 // A line of the text form: a label, and what it says.
 static QString _line(const char *label, const QString &value)
 {
-    return QStringLiteral("  %1%2\n").arg(QLatin1String(label), -11).arg(printable(value));
+    return u"  %1%2\n"_s.arg(QLatin1String(label), -11).arg(printable(value));
 }
 
 cContents::cContents(QObject *parent) : QObject(parent)
@@ -85,39 +87,38 @@ QJsonObject cContents::json() const
     for (const STREAM_COUNT_T &count : m_streams) {
         const STREAM_T &s = count.stream;
         const QJsonArray names{_decode(s.textA), _decode(s.textB), _decode(s.textC)};
-        streams.append(QJsonObject{{QStringLiteral("id"), s.id},
-                                   {QStringLiteral("type"), s.type},
-                                   {QStringLiteral("texts"), names},
-                                   {QStringLiteral("blocks"), count.blocks},
-                                   {QStringLiteral("bytes"), count.bytes}});
+        streams.append(QJsonObject{{u"id"_s, s.id},
+                                   {u"type"_s, s.type},
+                                   {u"texts"_s, names},
+                                   {u"blocks"_s, count.blocks},
+                                   {u"bytes"_s, count.bytes}});
     }
     const ACCOUNT_T account = m_reader.parser().account();
     QJsonArray stretches;
     for (const STRETCH_T &stretch : account.stretches)
-        stretches.append(QJsonObject{{QStringLiteral("offset"), stretch.offset},
-                                     {QStringLiteral("length"), stretch.length}});
-    const QJsonObject bytes{{QStringLiteral("total"), account.received},
-                            {QStringLiteral("hdr"), account.hdr},
-                            {QStringLiteral("idx"), account.idx},
-                            {QStringLiteral("heads"), account.heads},
-                            {QStringLiteral("delivered"), account.delivered},
-                            {QStringLiteral("skipped"), account.scanned},
-                            {QStringLiteral("lost"), account.lost},
-                            {QStringLiteral("unfinished"), account.unfinished},
-                            {QStringLiteral("incomplete"), account.buffered}};
-    const QJsonObject damage{{QStringLiteral("stretches"), account.stretchCount},
-                             {QStringLiteral("firstStretches"), stretches},
-                             {QStringLiteral("lostBlocks"), account.lostBlocks},
-                             {QStringLiteral("unfinishedBlocks"), account.unfinishedBlocks}};
-    return {{QStringLiteral("file"), m_archive},
-            {QStringLiteral("titles"), QJsonArray::fromStringList(m_titles)},
-            {QStringLiteral("texts"), texts},
-            {QStringLiteral("hdrRecords"), m_hdrRecords},
-            {QStringLiteral("idxRecords"), m_idxRecords},
-            {QStringLiteral("streams"), streams},
-            {QStringLiteral("gps"), _gpsJson()},
-            {QStringLiteral("bytes"), bytes},
-            {QStringLiteral("damage"), damage}};
+        stretches.append(QJsonObject{{u"offset"_s, stretch.offset}, {u"length"_s, stretch.length}});
+    const QJsonObject bytes{{u"total"_s, account.received},
+                            {u"hdr"_s, account.hdr},
+                            {u"idx"_s, account.idx},
+                            {u"heads"_s, account.heads},
+                            {u"delivered"_s, account.delivered},
+                            {u"skipped"_s, account.scanned},
+                            {u"lost"_s, account.lost},
+                            {u"unfinished"_s, account.unfinished},
+                            {u"incomplete"_s, account.buffered}};
+    const QJsonObject damage{{u"stretches"_s, account.stretchCount},
+                             {u"firstStretches"_s, stretches},
+                             {u"lostBlocks"_s, account.lostBlocks},
+                             {u"unfinishedBlocks"_s, account.unfinishedBlocks}};
+    return {{u"file"_s, m_archive},
+            {u"titles"_s, QJsonArray::fromStringList(m_titles)},
+            {u"texts"_s, texts},
+            {u"hdrRecords"_s, m_hdrRecords},
+            {u"idxRecords"_s, m_idxRecords},
+            {u"streams"_s, streams},
+            {u"gps"_s, _gpsJson()},
+            {u"bytes"_s, bytes},
+            {u"damage"_s, damage}};
 }
 
 QJsonObject cContents::_gpsJson() const
@@ -126,65 +127,64 @@ QJsonObject cContents::_gpsJson() const
     QJsonObject sentences;
     for (size_t kind = 0; kind < NMEA_KINDS; ++kind)
         sentences[QLatin1String(NAMES_READ.at(kind))] =
-            QJsonObject{{QStringLiteral("accepted"), read.accepted.at(kind)},
-                        {QStringLiteral("badChecksum"), read.badChecksum.at(kind)},
-                        {QStringLiteral("tooFewFields"), read.tooFewFields.at(kind)},
-                        {QStringLiteral("malformed"), read.malformed.at(kind)}};
+            QJsonObject{{u"accepted"_s, read.accepted.at(kind)},
+                        {u"badChecksum"_s, read.badChecksum.at(kind)},
+                        {u"tooFewFields"_s, read.tooFewFields.at(kind)},
+                        {u"malformed"_s, read.malformed.at(kind)}};
     QJsonObject unread;
     for (auto it = m_names.counts().cbegin(); it != m_names.counts().cend(); ++it)
         unread[QLatin1String(it.key())] = it.value();
     const cTrackStats &stats = m_reader.stats();
-    QJsonObject gps{{QStringLiteral("blocks"), stats.textBlocks()},
-                    {QStringLiteral("bytes"), stats.textBytes()},
-                    {QStringLiteral("sentences"), sentences},
-                    {QStringLiteral("unread"), unread},
-                    {QStringLiteral("unreadOtherNames"), m_names.others()},
-                    {QStringLiteral("points"), stats.points()},
-                    {QStringLiteral("located"), stats.located()},
-                    {QStringLiteral("first"), QJsonValue::Null},
-                    {QStringLiteral("last"), QJsonValue::Null},
-                    {QStringLiteral("box"), QJsonValue::Null},
-                    {QStringLiteral("kilometres"), stats.metres() / METRES_A_KILOMETRE}};
+    QJsonObject gps{{u"blocks"_s, stats.textBlocks()},
+                    {u"bytes"_s, stats.textBytes()},
+                    {u"sentences"_s, sentences},
+                    {u"unread"_s, unread},
+                    {u"unreadOtherNames"_s, m_names.others()},
+                    {u"points"_s, stats.points()},
+                    {u"located"_s, stats.located()},
+                    {u"first"_s, QJsonValue::Null},
+                    {u"last"_s, QJsonValue::Null},
+                    {u"box"_s, QJsonValue::Null},
+                    {u"kilometres"_s, stats.metres() / METRES_A_KILOMETRE}};
     if (stats.located() > 0) {
         const auto timeOrNull = [](const nmea_data &n) {
             const QString time = pointTime(n);
             return time.isEmpty() ? QJsonValue() : QJsonValue(time);
         };
-        gps[QStringLiteral("first")] = timeOrNull(stats.first());
-        gps[QStringLiteral("last")] = timeOrNull(stats.last());
-        gps[QStringLiteral("box")] = QJsonObject{{QStringLiteral("south"), stats.south()},
-                                                 {QStringLiteral("west"), stats.west()},
-                                                 {QStringLiteral("north"), stats.north()},
-                                                 {QStringLiteral("east"), stats.east()}};
+        gps[u"first"_s] = timeOrNull(stats.first());
+        gps[u"last"_s] = timeOrNull(stats.last());
+        gps[u"box"_s] = QJsonObject{{u"south"_s, stats.south()},
+                                    {u"west"_s, stats.west()},
+                                    {u"north"_s, stats.north()},
+                                    {u"east"_s, stats.east()}};
     }
     return gps;
 }
 
 QString cContents::text() const
 {
-    const QString name = displayName(m_archive, QStringLiteral("standard input"));
-    QString text = printable(name) + QLatin1Char('\n');
+    const QString name = displayName(m_archive, u"standard input"_s);
+    QString text = printable(name) + u'\n';
     for (const QString &title : m_titles)
         text += _line("Title", title);
     for (auto it = m_texts.cbegin(); it != m_texts.cend(); ++it)
-        text += _line(qPrintable(QStringLiteral("Text %1").arg(it.key())), it.value());
-    text += _line("Records", QStringLiteral("%1 HDR, %2 IDX").arg(m_hdrRecords).arg(m_idxRecords));
+        text += _line(qPrintable(u"Text %1"_s.arg(it.key())), it.value());
+    text += _line("Records", u"%1 HDR, %2 IDX"_s.arg(m_hdrRecords).arg(m_idxRecords));
     return text + _streamText() + _sentenceText() + _trackText() + _damageText();
 }
 
 QString cContents::_streamText() const
 {
-    QString text = _line("Streams", QStringLiteral("  id type     blocks        bytes  texts"));
+    QString text = _line("Streams", u"  id type     blocks        bytes  texts"_s);
     for (const STREAM_COUNT_T &count : m_streams) {
         const STREAM_T &s = count.stream;
         QStringList texts{_decode(s.textA), _decode(s.textB), _decode(s.textC)};
         texts.removeAll(QString());
-        text += _line("", QStringLiteral("%1 %2 %3 %4  ")
-                                  .arg(s.id, 4)
+        text += _line("", u"%1 %2 %3 %4  "_s.arg(s.id, 4)
                                   .arg(s.type, 4)
                                   .arg(count.blocks, 10)
                                   .arg(count.bytes, 12) +
-                              texts.join(QStringLiteral(", ")));
+                              texts.join(u", "_s));
     }
     return text;
 }
@@ -192,20 +192,18 @@ QString cContents::_streamText() const
 QString cContents::_sentenceText() const
 {
     const NMEA_ACCOUNT_T &read = m_reader.nmea().account();
-    QString text =
-        _line("Sentences", QStringLiteral("           accepted   checksum     fields       form"));
+    QString text = _line("Sentences", u"           accepted   checksum     fields       form"_s);
     for (size_t kind = 0; kind < NMEA_KINDS; ++kind)
-        text += _line("", QStringLiteral("%1 %2 %3 %4 %5")
-                              .arg(QLatin1String(NAMES_READ.at(kind)), -8)
+        text += _line("", u"%1 %2 %3 %4 %5"_s.arg(QLatin1String(NAMES_READ.at(kind)), -8)
                               .arg(read.accepted.at(kind), 10)
                               .arg(read.badChecksum.at(kind), 10)
                               .arg(read.tooFewFields.at(kind), 10)
                               .arg(read.malformed.at(kind), 10));
-    const QString unread = QStringLiteral("%1 %2 not read");
+    const QString unread = u"%1 %2 not read"_s;
     for (auto it = m_names.counts().cbegin(); it != m_names.counts().cend(); ++it)
         text += _line("", unread.arg(QLatin1String(it.key()), -8).arg(it.value(), 10));
     if (m_names.others() > 0)
-        text += _line("", unread.arg(QStringLiteral("others"), -8).arg(m_names.others(), 10));
+        text += _line("", unread.arg(u"others"_s, -8).arg(m_names.others(), 10));
     return text;
 }
 
@@ -214,21 +212,17 @@ QString cContents::_trackText() const
     const cTrackStats &stats = m_reader.stats();
     QString points = QString::number(stats.points());
     if (stats.points() > stats.located())
-        points +=
-            QStringLiteral(", %1 of them without a fix").arg(stats.points() - stats.located());
+        points += u", %1 of them without a fix"_s.arg(stats.points() - stats.located());
     QString text = _line("Points", points);
     if (stats.located() == 0)
         return text;
-    text += _line(
-        "Time", QStringLiteral("%1 to %2").arg(pointTime(stats.first()), pointTime(stats.last())));
+    text += _line("Time", u"%1 to %2"_s.arg(pointTime(stats.first()), pointTime(stats.last())));
     text +=
-        _line("Latitude",
-              QStringLiteral("%1 to %2").arg(_latitude(stats.south()), _latitude(stats.north())));
+        _line("Latitude", u"%1 to %2"_s.arg(_latitude(stats.south()), _latitude(stats.north())));
     text +=
-        _line("Longitude",
-              QStringLiteral("%1 to %2").arg(_longitude(stats.west()), _longitude(stats.east())));
+        _line("Longitude", u"%1 to %2"_s.arg(_longitude(stats.west()), _longitude(stats.east())));
     const double kilometres = stats.metres() / METRES_A_KILOMETRE;
-    return text + _line("Length", QString::number(kilometres, 'f', 3) + QStringLiteral(" km"));
+    return text + _line("Length", QString::number(kilometres, 'f', 3) + u" km"_s);
 }
 
 QString cContents::_damageText() const
@@ -238,26 +232,24 @@ QString cContents::_damageText() const
     const auto tell = [&text](const QString &what) {
         text += _line(text.isEmpty() ? "Damage" : "", what);
     };
-    const QString amount = QStringLiteral("%1 bytes in %2 %3");
+    const QString amount = u"%1 bytes in %2 %3"_s;
     if (account.scanned > 0)
-        tell(amount.arg(account.scanned)
-                 .arg(account.stretchCount)
-                 .arg(QStringLiteral("stretches skipped")));
+        tell(amount.arg(account.scanned).arg(account.stretchCount).arg(u"stretches skipped"_s));
     for (const STRETCH_T &stretch : account.stretches)
-        tell(QStringLiteral("  %1 bytes at offset %2").arg(stretch.length).arg(stretch.offset));
+        tell(u"  %1 bytes at offset %2"_s.arg(stretch.length).arg(stretch.offset));
     if (account.stretchCount > account.stretches.size())
-        tell(QStringLiteral("  and more"));
+        tell(u"  and more"_s);
     if (account.lostBlocks > 0)
         tell(amount.arg(account.lost)
                  .arg(account.lostBlocks)
-                 .arg(QStringLiteral("blocks that were never finished")));
+                 .arg(u"blocks that were never finished"_s));
     if (account.unfinishedBlocks > 0)
         tell(amount.arg(account.unfinished)
                  .arg(account.unfinishedBlocks)
-                 .arg(QStringLiteral("blocks unfinished at the end")));
+                 .arg(u"blocks unfinished at the end"_s));
     if (account.buffered > 0)
-        tell(QStringLiteral("%1 bytes of an incomplete record at the end").arg(account.buffered));
+        tell(u"%1 bytes of an incomplete record at the end"_s.arg(account.buffered));
     if (text.isEmpty())
-        tell(QStringLiteral("none"));
+        tell(u"none"_s);
     return text;
 }

@@ -1,8 +1,8 @@
 #ifndef CONTENTS_H
 #define CONTENTS_H
 
-#include "sentencenames.h"
-#include "trackreader.h"
+#include "cli/sentencenames.h"
+#include "cli/trackreader.h"
 
 #include <QJsonObject>
 #include <QMap>

@@ -1,11 +1,13 @@
-#include "convert.h"
+#include "cli/convert.h"
 
-#include "gpschain.h"
-#include "progress.h"
-#include "trackstats.h"
+#include "cli/progress.h"
+#include "cli/trackstats.h"
+#include "gps/gpschain.h"
 
 #include <algorithm>
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 // A format as the command line calls it, and as the chain knows it.
 struct FORMAT_T {
@@ -22,7 +24,7 @@ static constexpr std::array<FORMAT_T, 4> FORMATS = {{
 }};
 static constexpr const FORMAT_T &USUAL_FORMAT = FORMATS[1];
 
-static const QString TO = QStringLiteral("to");
+static const QString TO = u"to"_s;
 
 static const FORMAT_T *_find(const char *FORMAT_T::*key, const QString &value)
 {
@@ -33,17 +35,16 @@ static const FORMAT_T *_find(const char *FORMAT_T::*key, const QString &value)
 }
 
 cConvert::cConvert()
-    : cCommand(QStringLiteral("convert"), QStringLiteral("[options] ARCHIVE..."),
-               QStringLiteral("Writes the GPS tracks of archives."))
+    : cCommand(u"convert"_s, u"[options] ARCHIVE..."_s, u"Writes the GPS tracks of archives."_s)
 {
 }
 
 void cConvert::addOptions(QCommandLineParser &parser)
 {
-    parser.addOption({{QStringLiteral("t"), TO},
-                      QStringLiteral("Format: raw, gpx, plt or kml. Without it the extension of "
-                                     "-o's FILE decides, else it is gpx."),
-                      QStringLiteral("FORMAT")});
+    parser.addOption({{u"t"_s, TO},
+                      u"Format: raw, gpx, plt or kml. Without it the extension of "
+                      "-o's FILE decides, else it is gpx."_s,
+                      u"FORMAT"_s});
     cTargets::addOptions(parser);
 }
 
@@ -55,7 +56,7 @@ QString cConvert::readOptions(const QCommandLineParser &parser)
     m_format = parser.isSet(TO) ? _find(&FORMAT_T::name, parser.value(TO))
                                 : _find(&FORMAT_T::extension, m_targets.extension());
     if (!m_format && parser.isSet(TO))
-        return QStringLiteral("there is no format '%1'").arg(parser.value(TO));
+        return u"there is no format '%1'"_s.arg(parser.value(TO));
     if (!m_format)
         m_format = &USUAL_FORMAT;
     m_inputs = archiveIds();
@@ -80,8 +81,8 @@ QString cConvert::process(const QString &archive)
         if (!nothing.isEmpty())
             return nothing;
     }
-    const QString amount = raw ? QStringLiteral("%1 bytes").arg(output.size())
-                               : QStringLiteral("%1 points").arg(stats.points());
+    const QString amount =
+        raw ? u"%1 bytes"_s.arg(output.size()) : u"%1 points"_s.arg(stats.points());
     return m_targets.conclude(archive, name, output, trackSummary(amount, stats, account));
 }
 

@@ -1,9 +1,9 @@
 #ifndef CONVERT_H
 #define CONVERT_H
 
-#include "command.h"
-#include "targets.h"
-#include "trackstats.h"
+#include "cli/command.h"
+#include "cli/targets.h"
+#include "cli/trackstats.h"
 
 struct FORMAT_T;
 

@@ -1,21 +1,22 @@
-#include "info.h"
+#include "cli/info.h"
 
-#include "contents.h"
+#include "cli/contents.h"
 
 #include <QJsonDocument>
 
-static const QString JSON = QStringLiteral("json");
+using namespace Qt::StringLiterals;
+
+static const QString JSON = u"json"_s;
 
 cInfo::cInfo()
-    : cCommand(QStringLiteral("info"), QStringLiteral("[--json] ARCHIVE..."),
-               QStringLiteral("Tells what is in archives, and what is damaged."))
+    : cCommand(u"info"_s, u"[--json] ARCHIVE..."_s,
+               u"Tells what is in archives, and what is damaged."_s)
 {
 }
 
 void cInfo::addOptions(QCommandLineParser &parser)
 {
-    parser.addOption({{QStringLiteral("j"), JSON},
-                      QStringLiteral("Writes a JSON array with an object for each archive.")});
+    parser.addOption({{u"j"_s, JSON}, u"Writes a JSON array with an object for each archive."_s});
 }
 
 QString cInfo::readOptions(const QCommandLineParser &parser)

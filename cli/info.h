@@ -1,8 +1,8 @@
 #ifndef INFO_H
 #define INFO_H
 
-#include "command.h"
-#include "outputfile.h"
+#include "cli/command.h"
+#include "cli/outputfile.h"
 
 #include <memory>
 

@@ -1,12 +1,14 @@
-#include "inputfile.h"
+#include "cli/inputfile.h"
 
-#include "interrupt.h"
+#include "cli/interrupt.h"
 
 #include <QFile>
 
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 // The system's calls instead of QFile: QFile starts an interrupted read again, and Ctrl-C has to
 // get through to a read that waits for a pipe.
@@ -27,7 +29,7 @@ cInputFile::cInputFile(const QString &name) : m_name(name)
                : ::open(QFile::encodeName(name).constData(), O_RDONLY | O_CLOEXEC);
     struct stat status = {};
     if (m_fd < 0 || ::fstat(m_fd, &status) != 0)
-        _fail(isInterrupted() ? QStringLiteral("interrupted") : qt_error_string(errno));
+        _fail(isInterrupted() ? u"interrupted"_s : qt_error_string(errno));
     else if (S_ISREG(status.st_mode))
         m_size = status.st_size;
 }
@@ -43,7 +45,7 @@ bool cInputFile::next(QByteArray &block)
     block.resize(BLOCK_SIZE);
     while (m_error.isEmpty()) {
         if (!waitForInput(m_fd))
-            return _fail(QStringLiteral("interrupted"));
+            return _fail(u"interrupted"_s);
         const ssize_t n = ::read(m_fd, block.data(), size_t(block.size()));
         if (n > 0) {
             block.truncate(n);
@@ -61,7 +63,7 @@ bool cInputFile::next(QByteArray &block)
 bool cInputFile::_atEnd()
 {
     if (m_position < m_size)
-        return _fail(QStringLiteral("it became shorter while it was read"));
+        return _fail(u"it became shorter while it was read"_s);
     return false;
 }
 

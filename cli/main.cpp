@@ -1,15 +1,17 @@
 // vrk3: the work of the window as a command, for archives by the hundred and machines without a
 // screen.
-#include "convert.h"
-#include "info.h"
-#include "interrupt.h"
-#include "plot.h"
+#include "cli/convert.h"
+#include "cli/info.h"
+#include "cli/interrupt.h"
+#include "cli/plot.h"
 
 #include <QCoreApplication>
 
 #include <array>
 #include <csignal>
 #include <cstdio>
+
+using namespace Qt::StringLiterals;
 
 static void _showHelp(const QList<cCommand *> &commands)
 {
@@ -31,11 +33,11 @@ static int _run(const QStringList &arguments)
     const QList<cCommand *> commands = {&convert, &info, &plot};
 
     const QString first = arguments.value(1);
-    if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
+    if (first == "--help"_L1 || first == "-h"_L1) {
         _showHelp(commands);
         return EXIT_DONE;
     }
-    if (first == QLatin1String("--version") || first == QLatin1String("-v")) {
+    if (first == "--version"_L1 || first == "-v"_L1) {
         std::puts("vrk3 " VRKTRK_VERSION);
         return EXIT_DONE;
     }
@@ -43,9 +45,8 @@ static int _run(const QStringList &arguments)
         if (command->name() == first)
             return command->run(arguments.mid(2));
     }
-    complain(first.isEmpty()
-                 ? QStringLiteral("no command was given (see vrk3 --help)")
-                 : QStringLiteral("there is no command '%1' (see vrk3 --help)").arg(first));
+    complain(first.isEmpty() ? u"no command was given (see vrk3 --help)"_s
+                             : u"there is no command '%1' (see vrk3 --help)"_s.arg(first));
     return EXIT_WRONG_USE;
 }
 
@@ -65,7 +66,7 @@ int main(int argc, char *argv[])
 
     const int status = _run(QCoreApplication::arguments());
     if (std::fflush(stdout) != 0 && status == EXIT_DONE) {
-        complain(QStringLiteral("standard output: ") + qt_error_string());
+        complain(u"standard output: "_s + qt_error_string());
         return EXIT_SOME_FAILED;
     }
     return status;

@@ -1,6 +1,6 @@
-#include "outputfile.h"
+#include "cli/outputfile.h"
 
-#include "interrupt.h"
+#include "cli/interrupt.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 static constexpr qsizetype BUFFER_SIZE = 65536;
 static constexpr mode_t PERMISSIONS = 0666;
@@ -22,11 +24,11 @@ cOutputFile::cOutputFile(const QString &name, bool overwrite, const QList<FILEID
     const bool exists = fileStatus(name, STDOUT_FILENO, old);
     const bool isFile = exists && S_ISREG(old.st_mode);
     if (isFile && inputs.contains(fileId(old)))
-        _fail(QStringLiteral("it is an archive to be read"));
+        _fail(u"it is an archive to be read"_s);
     else if (name == STANDARD_STREAM)
         m_fd = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
     else if (isFile && !overwrite)
-        _fail(QStringLiteral("it exists already (--overwrite replaces it)"));
+        _fail(u"it exists already (--overwrite replaces it)"_s);
     else if (!exists || isFile)
         _openTemporary(exists ? &old : nullptr);
     else
@@ -54,7 +56,7 @@ void cOutputFile::_openTemporary(const struct stat *old)
         ::umask(mask);
         m_mode = PERMISSIONS & ~mask;
     }
-    m_file.setFileTemplate(QFileInfo(m_name).dir().filePath(QStringLiteral(".vrk3-XXXXXX")));
+    m_file.setFileTemplate(QFileInfo(m_name).dir().filePath(u".vrk3-XXXXXX"_s));
     if (m_file.open())
         m_fd = m_file.handle();
     else
@@ -77,7 +79,7 @@ bool cOutputFile::_flush()
     const char *const end = p + m_buffer.size();
     while (p < end) {
         if (isInterrupted())
-            return _fail(QStringLiteral("interrupted"));
+            return _fail(u"interrupted"_s);
         const ssize_t n = ::write(m_fd, p, size_t(end - p));
         if (n >= 0)
             p += n;

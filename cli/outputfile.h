@@ -1,7 +1,7 @@
 #ifndef OUTPUTFILE_H
 #define OUTPUTFILE_H
 
-#include "inputfile.h"
+#include "cli/inputfile.h"
 
 #include <QObject>
 #include <QTemporaryFile>

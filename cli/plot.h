@@ -1,8 +1,8 @@
 #ifndef PLOT_H
 #define PLOT_H
 
-#include "command.h"
-#include "targets.h"
+#include "cli/command.h"
+#include "cli/targets.h"
 
 // `vrk3 plot`: the tracks of archives as pictures.
 class cPlot : public cCommand

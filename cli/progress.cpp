@@ -1,9 +1,11 @@
-#include "progress.h"
+#include "cli/progress.h"
 
-#include "command.h"
+#include "cli/command.h"
 
 #include <cstdio>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 static constexpr qint64 PATIENCE_MS = 1000;
 static constexpr qint64 INTERVAL_MS = 100;
@@ -11,7 +13,7 @@ static constexpr int BAR_WIDTH = 30;
 static constexpr int MAX_NAME_LENGTH = 40; // the line is not to break
 
 cProgress::cProgress(const QString &name, qint64 size, bool enabled)
-    : m_name(printable(displayName(name, QStringLiteral("standard input"))).right(MAX_NAME_LENGTH)),
+    : m_name(printable(displayName(name, u"standard input"_s)).right(MAX_NAME_LENGTH)),
       m_size(size),
       m_enabled(enabled && ::isatty(STDERR_FILENO) == 1),
       m_nextShow(PATIENCE_MS)

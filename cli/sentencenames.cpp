@@ -1,4 +1,4 @@
-#include "sentencenames.h"
+#include "cli/sentencenames.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 #ifndef SENTENCENAMES_H
 #define SENTENCENAMES_H
 
-#include "nmea.h"
+#include "gps/nmea.h"
 
 #include <QByteArray>
 #include <QMap>

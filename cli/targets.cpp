@@ -1,29 +1,28 @@
-#include "targets.h"
+#include "cli/targets.h"
 
-#include "command.h"
+#include "cli/command.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <cstdio>
 
-static const QString OUTPUT = QStringLiteral("output");
-static const QString FOLDER = QStringLiteral("folder");
-static const QString OVERWRITE = QStringLiteral("overwrite");
-static const QString QUIET = QStringLiteral("quiet");
+using namespace Qt::StringLiterals;
+
+static const QString OUTPUT = u"output"_s;
+static const QString FOLDER = u"folder"_s;
+static const QString OVERWRITE = u"overwrite"_s;
+static const QString QUIET = u"quiet"_s;
 
 void cTargets::addOptions(QCommandLineParser &parser)
 {
-    parser.addOption({{QStringLiteral("o"), OUTPUT},
-                      QStringLiteral("Writes to FILE; - is standard output. For one archive only."),
-                      QStringLiteral("FILE")});
-    parser.addOption({{QStringLiteral("d"), FOLDER},
-                      QStringLiteral("Writes into FOLDER instead of beside each archive."),
-                      QStringLiteral("FOLDER")});
+    parser.addOption({{u"o"_s, OUTPUT},
+                      u"Writes to FILE; - is standard output. For one archive only."_s,
+                      u"FILE"_s});
     parser.addOption(
-        {{QStringLiteral("y"), OVERWRITE}, QStringLiteral("Replaces outputs that exist already.")});
-    parser.addOption({{QStringLiteral("q"), QUIET},
-                      QStringLiteral("Shows neither results nor progress, only errors.")});
+        {{u"d"_s, FOLDER}, u"Writes into FOLDER instead of beside each archive."_s, u"FOLDER"_s});
+    parser.addOption({{u"y"_s, OVERWRITE}, u"Replaces outputs that exist already."_s});
+    parser.addOption({{u"q"_s, QUIET}, u"Shows neither results nor progress, only errors."_s});
 }
 
 QString cTargets::read(const QCommandLineParser &parser, const QStringList &archives)
@@ -33,15 +32,15 @@ QString cTargets::read(const QCommandLineParser &parser, const QStringList &arch
     m_overwrite = parser.isSet(OVERWRITE);
     m_quiet = parser.isSet(QUIET);
     if (parser.isSet(OUTPUT) && parser.isSet(FOLDER))
-        return QStringLiteral("-o and -d exclude each other");
+        return u"-o and -d exclude each other"_s;
     if (parser.isSet(OUTPUT) && m_file.isEmpty())
-        return QStringLiteral("-o needs the name of a file");
+        return u"-o needs the name of a file"_s;
     if (parser.isSet(FOLDER) && m_folder.isEmpty())
-        return QStringLiteral("-d needs the name of a folder");
+        return u"-d needs the name of a folder"_s;
     if (parser.isSet(OUTPUT) && archives.size() > 1)
-        return QStringLiteral("-o takes one archive only; -d is for several");
+        return u"-o takes one archive only; -d is for several"_s;
     if (parser.isSet(FOLDER) && archives.contains(STANDARD_STREAM))
-        return QStringLiteral("standard input has no name to write under; use -o");
+        return u"standard input has no name to write under; use -o"_s;
     return {};
 }
 
@@ -63,23 +62,22 @@ QString cTargets::nameFor(const QString &archive, const QString &extension) cons
 QString cTargets::extension() const
 {
     const QString suffix = QFileInfo(m_file).suffix();
-    return suffix.isEmpty() ? QString() : QLatin1Char('.') + suffix.toLower();
+    return suffix.isEmpty() ? QString() : u'.' + suffix.toLower();
 }
 
 QString cTargets::conclude(const QString &archive, const QString &name, cOutputFile &output,
                            const QString &summary)
 {
-    const QString shownName = displayName(name, QStringLiteral("standard output"));
-    const QString cannotWrite = QStringLiteral("cannot write %1: %2");
+    const QString shownName = displayName(name, u"standard output"_s);
+    const QString cannotWrite = u"cannot write %1: %2"_s;
     if (m_written.contains(name) && name != STANDARD_STREAM)
-        return cannotWrite.arg(shownName, QStringLiteral("it is the output of another archive"));
+        return cannotWrite.arg(shownName, u"it is the output of another archive"_s);
     if (!output.commit())
         return cannotWrite.arg(shownName, output.error());
     m_written.insert(name);
     if (!m_quiet) {
         const QString line =
-            QStringLiteral("%1: %2 -> %3")
-                .arg(displayName(archive, QStringLiteral("standard input")), summary, shownName);
+            u"%1: %2 -> %3"_s.arg(displayName(archive, u"standard input"_s), summary, shownName);
         std::fprintf(stderr, "%s\n", qPrintable(printable(line)));
     }
     return {};

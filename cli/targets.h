@@ -1,7 +1,7 @@
 #ifndef TARGETS_H
 #define TARGETS_H
 
-#include "outputfile.h"
+#include "cli/outputfile.h"
 
 #include <QCommandLineParser>
 #include <QSet>

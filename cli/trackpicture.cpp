@@ -1,7 +1,7 @@
-#include "trackpicture.h"
+#include "cli/trackpicture.h"
 
-#include "command.h"
-#include "hdrtxts.h"
+#include "archive/hdrtxts.h"
+#include "cli/command.h"
 
 #include <algorithm>
 #include <array>
@@ -9,6 +9,8 @@
 #include <limits>
 #include <numbers>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 // Sizes in picture units, of which a screen shows one as a pixel.
 static constexpr double WIDTH = 960;
@@ -48,9 +50,9 @@ static void _element(QXmlStreamWriter &svg, const char *name, const attributes &
 
 static void _text(QXmlStreamWriter &svg, QPointF at, const QString &text, const attributes &list)
 {
-    svg.writeStartElement(QStringLiteral("text"));
-    svg.writeAttribute(QStringLiteral("x"), _number(at.x()));
-    svg.writeAttribute(QStringLiteral("y"), _number(at.y()));
+    svg.writeStartElement(u"text"_s);
+    svg.writeAttribute(u"x"_s, _number(at.x()));
+    svg.writeAttribute(u"y"_s, _number(at.y()));
     for (const auto &[key, value] : list)
         svg.writeAttribute(QLatin1String(key), value);
     svg.writeCharacters(text);
@@ -60,9 +62,9 @@ static void _text(QXmlStreamWriter &svg, QPointF at, const QString &text, const 
 static QString _lengthText(double metres)
 {
     if (metres < METRES_A_KILOMETRE)
-        return QStringLiteral("%1 m").arg(std::round(metres));
-    return QStringLiteral("%1 km").arg(metres / METRES_A_KILOMETRE, 0, 'f',
-                                       metres < 100 * METRES_A_KILOMETRE ? 2 : 0);
+        return u"%1 m"_s.arg(std::round(metres));
+    return u"%1 km"_s.arg(metres / METRES_A_KILOMETRE, 0, 'f',
+                          metres < 100 * METRES_A_KILOMETRE ? 2 : 0);
 }
 
 // The greatest of 1, 2, 5, 10, ... that is not above the limit, for limits from 1 on.
@@ -78,12 +80,10 @@ static void _drawHeading(QXmlStreamWriter &svg, const QString &title, const cTra
     const QString shown =
         title.size() > MAX_TITLE_LENGTH ? title.left(MAX_TITLE_LENGTH - 1) + QChar(0x2026) : title;
     _text(svg, {MARGIN, 44}, shown,
-          {{"font-size", QStringLiteral("24")},
-           {"font-weight", QStringLiteral("bold")},
-           {"fill", QLatin1String(INK)}});
-    const QString separator = QStringLiteral("  \u00b7  ");
+          {{"font-size", u"24"_s}, {"font-weight", u"bold"_s}, {"fill", QLatin1String(INK)}});
+    const QString separator = u"  \u00b7  "_s;
     _text(svg, {MARGIN, 72}, _lengthText(stats.metres()) + separator + timeSpan(stats, true),
-          {{"font-size", QStringLiteral("16")}, {"fill", QLatin1String(FAINT_INK)}});
+          {{"font-size", u"16"_s}, {"fill", QLatin1String(FAINT_INK)}});
 }
 
 static void _drawScaleBar(QXmlStreamWriter &svg, QPointF at, double metresAUnit)
@@ -91,29 +91,23 @@ static void _drawScaleBar(QXmlStreamWriter &svg, QPointF at, double metresAUnit)
     const double metres = _roundBelow(MAX_SCALE_BAR * metresAUnit);
     const double length = metres / metresAUnit;
     _element(svg, "path",
-             {{"d", QStringLiteral("M%1 %2v8h%3v-8")
-                        .arg(_number(at.x()), _number(at.y() - 8), _number(length))},
-              {"fill", QStringLiteral("none")},
+             {{"d", u"M%1 %2v8h%3v-8"_s.arg(_number(at.x()), _number(at.y() - 8), _number(length))},
+              {"fill", u"none"_s},
               {"stroke", QLatin1String(INK)},
-              {"stroke-width", QStringLiteral("2")}});
-    const QString text = metres < METRES_A_KILOMETRE
-                             ? QStringLiteral("%1 m").arg(metres)
-                             : QStringLiteral("%1 km").arg(metres / METRES_A_KILOMETRE);
+              {"stroke-width", u"2"_s}});
+    const QString text = metres < METRES_A_KILOMETRE ? u"%1 m"_s.arg(metres)
+                                                     : u"%1 km"_s.arg(metres / METRES_A_KILOMETRE);
     _text(svg, {at.x() + length + 12, at.y() + 1}, text,
-          {{"font-size", QStringLiteral("16")}, {"fill", QLatin1String(INK)}});
+          {{"font-size", u"16"_s}, {"fill", QLatin1String(INK)}});
 }
 
 static void _drawNorth(QXmlStreamWriter &svg, QPointF at)
 {
-    _element(
-        svg, "path",
-        {{"d",
-          QStringLiteral("M%1 %2l7 20l-7 -5l-7 5z").arg(_number(at.x()), _number(at.y() - 20))},
-         {"fill", QLatin1String(INK)}});
-    _text(svg, {at.x() - 14, at.y() - 2}, QStringLiteral("N"),
-          {{"font-size", QStringLiteral("16")},
-           {"text-anchor", QStringLiteral("end")},
-           {"fill", QLatin1String(INK)}});
+    _element(svg, "path",
+             {{"d", u"M%1 %2l7 20l-7 -5l-7 5z"_s.arg(_number(at.x()), _number(at.y() - 20))},
+              {"fill", QLatin1String(INK)}});
+    _text(svg, {at.x() - 14, at.y() - 2}, u"N"_s,
+          {{"font-size", u"16"_s}, {"text-anchor", u"end"_s}, {"fill", QLatin1String(INK)}});
 }
 
 cTrackPicture::cTrackPicture(QString name, QObject *parent)
@@ -202,9 +196,7 @@ QString cTrackPicture::_path(const VIEW_T &view, double longestPause) const
         time = point.time;
         if (!begins && i + 1 < m_points.size() && QPointF::dotProduct(step, step) < LINE_STEP)
             continue;
-        path += QStringLiteral("%1%2 %3")
-                    .arg(begins ? QLatin1Char('M') : QLatin1Char('L'))
-                    .arg(_number(at.x()), _number(at.y()));
+        path += u"%1%2 %3"_s.arg(QChar(begins ? u'M' : u'L')).arg(_number(at.x()), _number(at.y()));
         drawn = at;
     }
     return path;
@@ -216,12 +208,12 @@ void cTrackPicture::_drawTrack(QXmlStreamWriter &svg, const VIEW_T &view) const
                              const char *dashes) {
         _element(svg, "path",
                  {{"d", path},
-                  {"fill", QStringLiteral("none")},
+                  {"fill", u"none"_s},
                   {"stroke", QLatin1String(color)},
                   {"stroke-width", QLatin1String(width)},
                   {"stroke-dasharray", QLatin1String(dashes)},
-                  {"stroke-linejoin", QStringLiteral("round")},
-                  {"stroke-linecap", QStringLiteral("round")}});
+                  {"stroke-linejoin", u"round"_s},
+                  {"stroke-linecap", u"round"_s}});
     };
     const QString line = _path(view, _longestPause());
     draw(_path(view, std::numeric_limits<double>::infinity()), FAINT_INK, "1.5", "1 6");
@@ -268,10 +260,10 @@ void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view,
         _element(svg, "circle",
                  {{"cx", _number(at.x())},
                   {"cy", _number(at.y())},
-                  {"r", QStringLiteral("8")},
+                  {"r", u"8"_s},
                   {"fill", QLatin1String(color)},
-                  {"stroke", QStringLiteral("#ffffff")},
-                  {"stroke-width", QStringLiteral("3")}});
+                  {"stroke", u"#ffffff"_s},
+                  {"stroke-width", u"3"_s}});
         const QSizeF size(double(text.size()) * characterWidth, textHeight);
         const QRectF place = _placeFor(size, at, view, taken);
         taken = place;
@@ -279,23 +271,22 @@ void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view,
         const bool isRight = place.left() > at.x();
         const double anchor = isLeft ? place.right() : isRight ? place.left() : place.center().x();
         _text(svg, {anchor, place.top() + baseline}, text,
-              {{"font-size", QStringLiteral("16")},
-               {"font-weight", QStringLiteral("bold")},
+              {{"font-size", u"16"_s},
+               {"font-weight", u"bold"_s},
                {"text-anchor", QLatin1String(isLeft    ? "end"
                                              : isRight ? "start"
                                                        : "middle")},
                {"fill", QLatin1String(color)},
-               {"stroke", QStringLiteral("#ffffff")},
-               {"stroke-width", QStringLiteral("5")},
-               {"stroke-linejoin", QStringLiteral("round")},
-               {"paint-order", QStringLiteral("stroke")}});
+               {"stroke", u"#ffffff"_s},
+               {"stroke-width", u"5"_s},
+               {"stroke-linejoin", u"round"_s},
+               {"paint-order", u"stroke"_s}});
     };
     constexpr int timeAt = 11; // in "2011-03-23T12:01:07Z"
     constexpr int timeLength = 8;
-    draw(m_points.constLast(), END,
-         QStringLiteral("End ") + pointTime(stats.last()).mid(timeAt, timeLength));
+    draw(m_points.constLast(), END, u"End "_s + pointTime(stats.last()).mid(timeAt, timeLength));
     draw(m_points.constFirst(), START,
-         QStringLiteral("Start ") + pointTime(stats.first()).mid(timeAt, timeLength));
+         u"Start "_s + pointTime(stats.first()).mid(timeAt, timeLength));
 }
 
 QByteArray cTrackPicture::svg(const cTrackStats &stats) const
@@ -312,23 +303,22 @@ QByteArray cTrackPicture::svg(const cTrackStats &stats) const
     svg.setAutoFormatting(true);
     svg.setAutoFormattingIndent(1);
     svg.writeStartDocument();
-    svg.writeStartElement(QStringLiteral("svg"));
-    svg.writeDefaultNamespace(QStringLiteral("http://www.w3.org/2000/svg"));
-    svg.writeAttribute(QStringLiteral("width"), width);
-    svg.writeAttribute(QStringLiteral("height"), height);
-    svg.writeAttribute(QStringLiteral("viewBox"), QStringLiteral("0 0 %1 %2").arg(width, height));
-    svg.writeAttribute(QStringLiteral("font-family"), QStringLiteral("sans-serif"));
-    svg.writeTextElement(QStringLiteral("title"), title);
-    _element(svg, "rect",
-             {{"width", width}, {"height", height}, {"fill", QStringLiteral("#ffffff")}});
+    svg.writeStartElement(u"svg"_s);
+    svg.writeDefaultNamespace(u"http://www.w3.org/2000/svg"_s);
+    svg.writeAttribute(u"width"_s, width);
+    svg.writeAttribute(u"height"_s, height);
+    svg.writeAttribute(u"viewBox"_s, u"0 0 %1 %2"_s.arg(width, height));
+    svg.writeAttribute(u"font-family"_s, u"sans-serif"_s);
+    svg.writeTextElement(u"title"_s, title);
+    _element(svg, "rect", {{"width", width}, {"height", height}, {"fill", u"#ffffff"_s}});
     _element(svg, "rect",
              {{"x", _number(panel.x())},
               {"y", _number(panel.y())},
               {"width", _number(panel.width())},
               {"height", _number(panel.height())},
-              {"rx", QStringLiteral("6")},
-              {"fill", QStringLiteral("#f1f4f7")},
-              {"stroke", QStringLiteral("#cbd2d9")}});
+              {"rx", u"6"_s},
+              {"fill", u"#f1f4f7"_s},
+              {"stroke", u"#cbd2d9"_s}});
     _drawHeading(svg, title, stats);
     _drawTrack(svg, view);
     _drawEnds(svg, view, stats);

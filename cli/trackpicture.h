@@ -1,7 +1,7 @@
 #ifndef TRACKPICTURE_H
 #define TRACKPICTURE_H
 
-#include "trackstats.h"
+#include "cli/trackstats.h"
 
 #include <QList>
 #include <QObject>

@@ -1,7 +1,7 @@
-#include "trackreader.h"
+#include "cli/trackreader.h"
 
-#include "inputfile.h"
-#include "progress.h"
+#include "cli/inputfile.h"
+#include "cli/progress.h"
 
 cTrackReader::cTrackReader()
 {

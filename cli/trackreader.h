@@ -1,10 +1,10 @@
 #ifndef TRACKREADER_H
 #define TRACKREADER_H
 
-#include "gpsraw.h"
-#include "nmea.h"
-#include "trackstats.h"
-#include "vrk3parser.h"
+#include "archive/vrk3parser.h"
+#include "cli/trackstats.h"
+#include "gps/gpsraw.h"
+#include "gps/nmea.h"
 
 // The chain without a writer, for who wants to know what is in an archive: whatever else is to be
 // told is connected to its signals.

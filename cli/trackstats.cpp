@@ -1,7 +1,9 @@
-#include "trackstats.h"
+#include "cli/trackstats.h"
 
 #include <cmath>
 #include <numbers>
+
+using namespace Qt::StringLiterals;
 
 static constexpr double EARTH_RADIUS = 6371008.8; // the mean one, in metres
 static constexpr double RADIANS = std::numbers::pi / 180;
@@ -83,9 +85,9 @@ double cTrackStats::east() const
 QString whyNoArchive(const ACCOUNT_T &account)
 {
     if (account.received == 0)
-        return QStringLiteral("it is empty");
+        return u"it is empty"_s;
     if (account.hdr == 0)
-        return QStringLiteral("it is no VRK3 archive, or its header is lost");
+        return u"it is no VRK3 archive, or its header is lost"_s;
     return {};
 }
 
@@ -93,7 +95,7 @@ QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats)
 {
     QString reason = whyNoArchive(account);
     if (reason.isEmpty() && stats.textBlocks() == 0)
-        return QStringLiteral("it holds no data of a GPS receiver");
+        return u"it holds no data of a GPS receiver"_s;
     return reason;
 }
 
@@ -113,7 +115,7 @@ QString timeSpan(const cTrackStats &stats, bool withDate)
     QString first = pointTime(stats.first());
     QString last = pointTime(stats.last());
     if (first.isEmpty() || last.isEmpty())
-        return QStringLiteral("times unknown");
+        return u"times unknown"_s;
     const QString date = first.left(dateLength);
     const bool sameDay = last.startsWith(date);
     for (QString *time : {&first, &last}) {
@@ -121,15 +123,15 @@ QString timeSpan(const cTrackStats &stats, bool withDate)
         if (sameDay)
             time->remove(0, dateLength + 1);
         else
-            time->replace(dateLength, 1, QLatin1Char(' '));
+            time->replace(dateLength, 1, u' ');
     }
-    const QString span = QStringLiteral("%1 to %2 UTC").arg(first, last);
-    return sameDay && withDate ? date + QStringLiteral(", ") + span : span;
+    const QString span = u"%1 to %2 UTC"_s.arg(first, last);
+    return sameDay && withDate ? date + u", "_s + span : span;
 }
 
 QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCOUNT_T &account)
 {
-    const QString span = stats.located() > 0 ? timeSpan(stats) + QStringLiteral(", ") : QString();
+    const QString span = stats.located() > 0 ? timeSpan(stats) + u", "_s : QString();
     const qint64 used = account.hdr + account.idx + account.heads + account.delivered;
-    return QStringLiteral("%1, %2%3 bytes skipped").arg(amount, span).arg(account.received - used);
+    return u"%1, %2%3 bytes skipped"_s.arg(amount, span).arg(account.received - used);
 }

@@ -1,9 +1,9 @@
 #ifndef TRACKSTATS_H
 #define TRACKSTATS_H
 
-#include "nmea.h"
-#include "tracktext.h"
-#include "vrk3parser.h"
+#include "archive/vrk3parser.h"
+#include "gps/nmea.h"
+#include "gps/tracktext.h"
 
 #include <QObject>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "dlgprogress.h"
+#include "driver/dlgprogress.h"
 
 cDlgProgress::cDlgProgress(QWidget *parent) : QDialog(parent)
 {

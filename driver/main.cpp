@@ -1,11 +1,11 @@
-#include "dlgprogress.h"
-#include "filesaver.h"
-#include "globals.h"
-#include "gpschain.h"
-#include "inifile.h"
-#include "winmain.h"
-#include "zelstyle.h"
-#include "zelwindow.h"
+#include "driver/dlgprogress.h"
+#include "gps/filesaver.h"
+#include "gps/gpschain.h"
+#include "settings/inifile.h"
+#include "ui/globals.h"
+#include "ui/winmain.h"
+#include "zel/zelstyle.h"
+#include "zel/zelwindow.h"
 
 #include <QApplication>
 #include <QDir>
@@ -19,6 +19,8 @@
 #include <string>
 
 #include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -113,10 +115,10 @@ void _destroyMainframe()
 // Each input's name with the extension that stands in the brackets of the filter text.
 void _proposeOutputs()
 {
-    static const QRegularExpression filterExtension(QStringLiteral(R"(^.*\(*(\..+)\)\z)"),
+    static const QRegularExpression filterExtension(uR"(^.*\(*(\..+)\)\z)"_s,
                                                     QRegularExpression::DotMatchesEverythingOption);
     // Letters of all scripts, also those that are written as a letter and a mark.
-    static const QRegularExpression nameExtension(QStringLiteral(R"(\.[\w\p{M}]+\z)"),
+    static const QRegularExpression nameExtension(uR"(\.[\w\p{M}]+\z)"_s,
                                                   QRegularExpression::UseUnicodePropertiesOption);
 
     const QString extension = filterExtension.match(gParams->filter).captured(1);
@@ -193,9 +195,9 @@ int main(int argc, char **argv)
     gParams = new PARAMS_T;
     QApplication app(argc, argv);
     // The dot is part of the name: the names of the settings' sections are built on it.
-    QCoreApplication::setApplicationName(QStringLiteral("vrktrk."));
-    QGuiApplication::setDesktopFileName(QStringLiteral("vrktrk"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/resources/halvorant_vrktrk.ico")));
+    QCoreApplication::setApplicationName(u"vrktrk."_s);
+    QGuiApplication::setDesktopFileName(u"vrktrk"_s);
+    QApplication::setWindowIcon(QIcon(u":/resources/halvorant_vrktrk.ico"_s));
     std::setlocale(LC_CTYPE, "");
     // The application takes the style over.
     // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)

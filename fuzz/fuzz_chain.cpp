@@ -1,6 +1,6 @@
 // An archive of any bytes through the whole chain, in all four formats.
-#include "gpschain.h"
-#include "harness.h"
+#include "fuzz/harness.h"
+#include "gps/gpschain.h"
 
 #include <array>
 

@@ -1,11 +1,13 @@
 // A settings file of any bytes, as somebody's editor may have left it.
-#include "harness.h"
-#include "inifile.h"
+#include "fuzz/harness.h"
+#include "settings/inifile.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -15,7 +17,7 @@ const char *const KEYS[] = {"winHeight", "fullscreen", "a", "options_version"};
 std::string _newName()
 {
     static long number = 0;
-    return (QDir::tempPath() + QStringLiteral("/vrktrk-fuzz-%1-%2.ini").arg(getpid()).arg(++number))
+    return (QDir::tempPath() + u"/vrktrk-fuzz-%1-%2.ini"_s.arg(getpid()).arg(++number))
         .toStdString();
 }
 } // namespace

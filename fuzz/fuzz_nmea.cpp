@@ -1,6 +1,6 @@
 // Receiver text of any bytes through the decoder alone.
-#include "harness.h"
-#include "nmea.h"
+#include "fuzz/harness.h"
+#include "gps/nmea.h"
 
 #include <QList>
 

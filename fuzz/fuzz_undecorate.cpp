@@ -1,6 +1,6 @@
 // Stored text of any bytes into a value, and any value there and back.
-#include "harness.h"
-#include "inifile.h"
+#include "fuzz/harness.h"
+#include "settings/inifile.h"
 
 #include <algorithm>
 

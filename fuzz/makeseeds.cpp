@@ -1,6 +1,6 @@
 // makeseeds FOLDER: writes the small inputs from which the fuzzers set out, into a folder for each.
-#include "archivewriter.h"
-#include "receivertext.h"
+#include "sample/archivewriter.h"
+#include "sample/receivertext.h"
 
 #include <QDir>
 #include <QFile>

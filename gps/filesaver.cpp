@@ -1,4 +1,4 @@
-#include "filesaver.h"
+#include "gps/filesaver.h"
 
 cFileSaver::cFileSaver(const QString &fileName, QObject *parent) : QObject(parent)
 {

@@ -1,4 +1,4 @@
-#include "gpschain.h"
+#include "gps/gpschain.h"
 
 cGpsChain::cGpsChain(const QString &filter, QObject *sink)
 {

@@ -1,12 +1,12 @@
 #ifndef GPSCHAIN_H
 #define GPSCHAIN_H
 
-#include "gpsgpx.h"
-#include "gpskml.h"
-#include "gpsplt.h"
-#include "gpsraw.h"
-#include "hdrtxts.h"
-#include "vrk3parser.h"
+#include "archive/hdrtxts.h"
+#include "archive/vrk3parser.h"
+#include "gps/gpsgpx.h"
+#include "gps/gpskml.h"
+#include "gps/gpsplt.h"
+#include "gps/gpsraw.h"
 
 // The row of filters from an archive's bytes to the bytes of the output in one format.
 //

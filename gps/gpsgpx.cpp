@@ -1,8 +1,10 @@
-#include "gpsgpx.h"
+#include "gps/gpsgpx.h"
 
-#include "hdrtxts.h"
+#include "archive/hdrtxts.h"
 
 #include <QDateTime>
+
+using namespace Qt::StringLiterals;
 
 static const char HEADER[] = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n"
                              "<gpx version=\"1.1\" creator=\"kt_vrktrk\"\r\n"
@@ -58,9 +60,8 @@ void cGpsGpx::_dateTime(const nmea_data &n)
     const qint64 second = nearestSecond(n);
     const cLocalClock::CIVIL *const c = m_clock.civil(second);
     if (!c) {
-        m_line.text(QDateTime::fromSecsSinceEpoch(second)
-                        .toString(QStringLiteral("yyyy-MM-ddThh:mm:ssZ"))
-                        .toLatin1());
+        m_line.text(
+            QDateTime::fromSecsSinceEpoch(second).toString(u"yyyy-MM-ddThh:mm:ssZ"_s).toLatin1());
         return;
     }
     m_line.digits(c->year, 4).text("-").digits(c->month, 2).text("-").digits(c->day, 2).text("T");

@@ -1,8 +1,8 @@
 #ifndef GPSGPX_H
 #define GPSGPX_H
 
-#include "nmea.h"
-#include "tracktext.h"
+#include "gps/nmea.h"
+#include "gps/tracktext.h"
 
 #include <QObject>
 #include <QString>

@@ -1,6 +1,6 @@
-#include "gpskml.h"
+#include "gps/gpskml.h"
 
-#include "hdrtxts.h"
+#include "archive/hdrtxts.h"
 
 static const char HEADER[] =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"

@@ -1,8 +1,8 @@
 #ifndef GPSKML_H
 #define GPSKML_H
 
-#include "nmea.h"
-#include "tracktext.h"
+#include "gps/nmea.h"
+#include "gps/tracktext.h"
 
 #include <QList>
 #include <QObject>

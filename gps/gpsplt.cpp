@@ -1,9 +1,11 @@
-#include "gpsplt.h"
+#include "gps/gpsplt.h"
 
-#include "hdrtxts.h"
+#include "archive/hdrtxts.h"
 
 #include <QDateTime>
 #include <QLocale>
+
+using namespace Qt::StringLiterals;
 
 static const char HEADER[] = "OziExplorer Track Point File Version 2.0\r\n"
                              "WGS 84\r\n"
@@ -62,9 +64,9 @@ void cGpsPlt::_dateTime(const nmea_data &n)
     if (!c) {
         const QDateTime when = QDateTime::fromSecsSinceEpoch(second);
         if (when.isValid()) {
-            m_line.text(when.toString(QStringLiteral("dd-")).toLatin1());
+            m_line.text(when.toString(u"dd-"_s).toLatin1());
             m_line.text(_month(when.date().month()));
-            m_line.text(when.toString(QStringLiteral("-yy,hh:mm:ss")).toLatin1());
+            m_line.text(when.toString(u"-yy,hh:mm:ss"_s).toLatin1());
         }
         return;
     }

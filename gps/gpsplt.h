@@ -1,8 +1,8 @@
 #ifndef GPSPLT_H
 #define GPSPLT_H
 
-#include "nmea.h"
-#include "tracktext.h"
+#include "gps/nmea.h"
+#include "gps/tracktext.h"
 
 #include <QList>
 #include <QObject>

@@ -1,4 +1,4 @@
-#include "gpsraw.h"
+#include "gps/gpsraw.h"
 
 cGpsRaw::cGpsRaw(QObject *parent) : QObject(parent) {}
 

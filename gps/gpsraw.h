@@ -1,7 +1,7 @@
 #ifndef GPSRAW_H
 #define GPSRAW_H
 
-#include "vrk3format.h"
+#include "archive/vrk3format.h"
 
 #include <QObject>
 

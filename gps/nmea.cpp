@@ -1,4 +1,4 @@
-#include "nmea.h"
+#include "gps/nmea.h"
 
 #include <QDateTime>
 #include <QtEndian>
@@ -6,6 +6,8 @@
 #include <charconv>
 #include <clocale>
 #include <cstring>
+
+using namespace Qt::StringLiterals;
 
 // What QDateTime's predecessor of the day gave for a date that cannot be read: all bits of 32 set.
 static constexpr double UNREADABLE_DATE = 4294967295.0;
@@ -296,9 +298,8 @@ double cNmea::_getDate(QByteArrayView field)
     const QByteArrayView last(m_dateField);
     if (last.size() != dayAndMonth.size() + year.size() || !last.startsWith(dayAndMonth) ||
         !last.endsWith(year)) {
-        const QString text =
-            QString::fromLatin1(dayAndMonth) + QStringLiteral("20") + QString::fromLatin1(year);
-        const QDateTime midnight = QDateTime::fromString(text, QStringLiteral("ddMMyyyy"));
+        const QString text = QString::fromLatin1(dayAndMonth) + u"20"_s + QString::fromLatin1(year);
+        const QDateTime midnight = QDateTime::fromString(text, u"ddMMyyyy"_s);
         m_date = midnight.isValid() ? double(midnight.toSecsSinceEpoch()) : UNREADABLE_DATE;
         m_dateField = dayAndMonth.toByteArray() + year.toByteArray();
     }

@@ -1,4 +1,4 @@
-#include "tracktext.h"
+#include "gps/tracktext.h"
 
 #include <QDateTime>
 
@@ -8,6 +8,8 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+
+using namespace Qt::StringLiterals;
 
 // More than a line of a plain track takes.
 static constexpr qsizetype USUAL_SPACE = 256;
@@ -97,7 +99,7 @@ cTrackLine &cTrackLine::number(double value, int width, int decimals)
     constexpr double limit = 8796093022208.0; // 2^43: with six decimals it fits in 63 bits
     constexpr int roundsToZero = 80; // a mantissa shifted so far is nothing in six decimals
     if (!(std::fabs(value) < limit))
-        return text(QStringLiteral("%0").arg(value, width, 'f', decimals).toLatin1());
+        return text(u"%0"_s.arg(value, width, 'f', decimals).toLatin1());
 
     // |value| is mantissa / 2^shift, exactly; what is wanted is |value| * 10^decimals, rounded to
     // the nearest whole number and a tie away from zero.

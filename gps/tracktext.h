@@ -1,7 +1,7 @@
 #ifndef TRACKTEXT_H
 #define TRACKTEXT_H
 
-#include "nmea.h"
+#include "gps/nmea.h"
 
 #include <QByteArray>
 #include <QByteArrayView>

@@ -1,4 +1,4 @@
-#include "archivewriter.h"
+#include "sample/archivewriter.h"
 
 #include <algorithm>
 #include <utility>
@@ -36,8 +36,8 @@ void cArchiveWriter::_string(const QByteArray &text)
     m_bytes.append('\0');
 }
 
-void cArchiveWriter::header(const QByteArray &title, const QVector<ARCHIVESTREAM_T> &streams,
-                            const QVector<ARCHIVETEXT_T> &texts)
+void cArchiveWriter::header(const QByteArray &title, const QList<ARCHIVESTREAM_T> &streams,
+                            const QList<ARCHIVETEXT_T> &texts)
 {
     cArchiveWriter table;
     table._string(title);

@@ -8,7 +8,7 @@
 #define ARCHIVEWRITER_H
 
 #include <QByteArray>
-#include <QVector>
+#include <QList>
 
 /// Bits 7 and 6 of a block's flags.
 enum FRAGMENT_T { FRAGMENT_MIDDLE = 0, FRAGMENT_LAST = 1, FRAGMENT_FIRST = 2, FRAGMENT_WHOLE = 3 };
@@ -44,8 +44,8 @@ public:
     /// A HDR record. Its stream table decides from now on which blocks get an extension head. Each
     /// of the two sections must come to at most 65,535 bytes, else its stored length is cut to 16
     /// bits.
-    void header(const QByteArray &title, const QVector<ARCHIVESTREAM_T> &streams,
-                const QVector<ARCHIVETEXT_T> &texts = {});
+    void header(const QByteArray &title, const QList<ARCHIVESTREAM_T> &streams,
+                const QList<ARCHIVETEXT_T> &texts = {});
 
     /// An IDX record, which opens a group of blocks. Only the first 255 bytes of `extra` are
     /// written.
@@ -80,7 +80,7 @@ private:
     bool _hasExtension(quint8 streamId) const;
 
     QByteArray m_bytes;
-    QVector<ARCHIVESTREAM_T> m_streams;
+    QList<ARCHIVESTREAM_T> m_streams;
 };
 
 #endif

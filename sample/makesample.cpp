@@ -4,8 +4,8 @@
 // A drive of some eleven minutes, recorded by a device that keeps pictures, sound and the messages
 // of its GPS receiver in one archive, with what happens to such archives: noise ahead of it, a
 // second header, broken sentences, a tunnel, a damaged stretch, a block that was never finished.
-#include "archivewriter.h"
-#include "receivertext.h"
+#include "sample/archivewriter.h"
+#include "sample/receivertext.h"
 
 #include <QFile>
 
@@ -27,7 +27,7 @@ constexpr int TUNNEL_BEGIN = 200;
 constexpr int TUNNEL_END = 221;
 constexpr int DAMAGE = 465;
 
-QVector<ARCHIVESTREAM_T> _streams()
+QList<ARCHIVESTREAM_T> _streams()
 {
     return {{STREAM_PICTURES, 1, "cam0", "Камера впереди", "mjpeg"},
             {STREAM_SOUND, 2, "mic0", "Микрофон", "pcm"},

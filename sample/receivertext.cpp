@@ -1,8 +1,10 @@
-#include "receivertext.h"
+#include "sample/receivertext.h"
 
 #include <array>
 #include <cstdio>
 #include <numeric>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -108,7 +110,7 @@ QByteArray cReceiverText::gprmc() const
     return nmeaSentence(
         "GPRMC," + _time() + (m_sky ? ",A," : ",V,") + _position() +
         _format(",%d.%d,%d.%d,", m_speed / 10, m_speed % 10, m_course / 10, m_course % 10) +
-        m_date.toString(QStringLiteral("ddMMyy")).toLatin1() + ",,,A");
+        m_date.toString(u"ddMMyy"_s).toLatin1() + ",,,A");
 }
 
 QByteArray cReceiverText::gpgga() const

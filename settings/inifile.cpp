@@ -1,4 +1,4 @@
-#include "inifile.h"
+#include "settings/inifile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -9,6 +9,8 @@
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
+
+using namespace Qt::StringLiterals;
 
 const char *const g_iniFileName = "settings.ini";
 const char *const g_prefixSettings = ".config/Ostravane";
@@ -40,8 +42,7 @@ QSettings *_openFile(const std::string &file)
 QString _fullKey(const std::string &section, const std::string &key)
 {
     const QString name = QString::fromLatin1(section.c_str());
-    return (name.isEmpty() ? QStringLiteral("default") : name) + u'/' +
-           QString::fromLatin1(key.c_str());
+    return (name.isEmpty() ? u"default"_s : name) + u'/' + QString::fromLatin1(key.c_str());
 }
 
 // The bytes that a stored text stands for. Escapes that Qt's INI layer has resolved, as in a

@@ -1,6 +1,6 @@
-#include "archivewriter.h"
-#include "gpschain.h"
-#include "receivertext.h"
+#include "gps/gpschain.h"
+#include "sample/archivewriter.h"
+#include "sample/receivertext.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
-#include "archivewriter.h"
-#include "filesaver.h"
-#include "gpschain.h"
-#include "receivertext.h"
+#include "gps/filesaver.h"
+#include "gps/gpschain.h"
+#include "sample/archivewriter.h"
+#include "sample/receivertext.h"
 
 #include <QDir>
 #include <QRandomGenerator>

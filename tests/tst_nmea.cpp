@@ -1,5 +1,5 @@
-#include "nmea.h"
-#include "receivertext.h"
+#include "gps/nmea.h"
+#include "sample/receivertext.h"
 
 #include <QDateTime>
 #include <QRandomGenerator>

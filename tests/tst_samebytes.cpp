@@ -1,7 +1,7 @@
 // vrk3 gives the bytes that the chain gives, for sound archives and damaged ones.
-#include "archivewriter.h"
-#include "gpschain.h"
-#include "receivertext.h"
+#include "gps/gpschain.h"
+#include "sample/archivewriter.h"
+#include "sample/receivertext.h"
 
 #include <QProcess>
 #include <QRandomGenerator>
@@ -39,9 +39,9 @@ private:
 // Receiver text among other streams, in whole blocks and in fragments that interleave.
 QByteArray tst_samebytes::_archive()
 {
-    const QVector<ARCHIVESTREAM_T> streams = {{1, 1, "a", "b", "c"},
-                                              {2, 16, "", "", ""},
-                                              {0xFD, quint8(_below(8) ? 4 : 2), "x", "y", "z"}};
+    const QList<ARCHIVESTREAM_T> streams = {{1, 1, "a", "b", "c"},
+                                            {2, 16, "", "", ""},
+                                            {0xFD, quint8(_below(8) ? 4 : 2), "x", "y", "z"}};
     cArchiveWriter archive;
     archive.rawBytes(QByteArray(_below(3), '\xB5'));
     archive.header("Дорога %0, %1", streams, {{1, "text"}, {0}, {9}});

@@ -1,4 +1,4 @@
-#include "tracktext.h"
+#include "gps/tracktext.h"
 
 #include <QDateTime>
 #include <QRandomGenerator>

@@ -1,5 +1,5 @@
-#include "archivewriter.h"
-#include "vrk3parser.h"
+#include "archive/vrk3parser.h"
+#include "sample/archivewriter.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -85,7 +85,7 @@ static bool _isSame(const ACCOUNT_T &a, const ACCOUNT_T &b)
            a.stretchCount == b.stretchCount && a.lostBlocks == b.lostBlocks;
 }
 
-static const QVector<ARCHIVESTREAM_T> STREAMS = {
+static const QList<ARCHIVESTREAM_T> STREAMS = {
     {253, 4, "gps", "GPS", ""}, {1, 1, "", "ext", ""}, {2, 2, "", "", ""},
     {3, 0, "none", "", ""},     {5, 16, "", "", ""},   {253, 2, "second", "", ""},
     {7, 3, "", "", ""}};

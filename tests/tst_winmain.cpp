@@ -1,7 +1,7 @@
-#include "globals.h"
-#include "winmain.h"
-#include "zelstyle.h"
-#include "zelwindow.h"
+#include "ui/globals.h"
+#include "ui/winmain.h"
+#include "zel/zelstyle.h"
+#include "zel/zelwindow.h"
 
 #include <QtTest>
 #include <QtWidgets>

@@ -1,5 +1,5 @@
-#include "zelstyle.h"
-#include "zelwindow.h"
+#include "zel/zelstyle.h"
+#include "zel/zelwindow.h"
 
 #include <QtTest>
 #include <QtWidgets>

@@ -1,4 +1,4 @@
-#include "globals.h"
+#include "ui/globals.h"
 
 PARAMS_T *gParams = nullptr;
 CIniFile *gSettings = nullptr;

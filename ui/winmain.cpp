@@ -1,7 +1,7 @@
-#include "winmain.h"
+#include "ui/winmain.h"
 
-#include "globals.h"
-#include "zelwindow.h"
+#include "ui/globals.h"
+#include "zel/zelwindow.h"
 
 #include <QPushButton>
 #include <QShortcut>

@@ -1,7 +1,9 @@
-#include "zelstyle.h"
+#include "zel/zelstyle.h"
 
 #include <QPainter>
 #include <QStyleOption>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -83,7 +85,7 @@ void _drawRadioButton(const QStyleOption *option, QPainter *painter)
 }
 } // namespace
 
-ZelStyle::ZelStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+ZelStyle::ZelStyle() : QProxyStyle(u"Fusion"_s) {}
 
 QPalette ZelStyle::standardPalette() const
 {

@@ -1,4 +1,4 @@
-#include "zelwindow.h"
+#include "zel/zelwindow.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -11,6 +11,8 @@
 #include <QStylePainter>
 #include <QToolButton>
 #include <QWindow>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -138,7 +140,7 @@ void ZelWindowTitle::setHiddenDevice(bool) {}
 void ZelWindowTitle::_setText(const QString &richText)
 {
     // A last line that holds nothing needs no room.
-    static const QRegularExpression emptyLine(QStringLiteral(R"((&nbsp;)?<br>(?=(</\w+>)*\z))"));
+    static const QRegularExpression emptyLine(uR"((&nbsp;)?<br>(?=(</\w+>)*\z))"_s);
     m_text->setText(QString(richText).remove(emptyLine));
 }
 
