@@ -1,2 +1,0 @@
-vrktrk_add_test(tst_zelwindow vrktrk_zel)
-vrktrk_add_test(tst_winmain vrktrk_ui vrktrk_zel)
