@@ -3,7 +3,7 @@
 cDlgProgress::cDlgProgress(QWidget *parent) : QDialog(parent)
 {
     ui.setupUi(this);
-    // The bar has no text of its own that could name it.
+    // Screen readers need a name for the bar, which has no label.
     ui.progressBar->setAccessibleName(windowTitle());
 }
 

@@ -5,9 +5,9 @@
 
 #include <QDialog>
 
-// Shows how much of the input has been read. It does nothing by itself: the run sets ui.progressBar
-// (0 to 100) and stops when it finds the dialog hidden, which is what Cancel, Escape and closing
-// do.
+// Shows how much of the input has been read. The dialog itself is passive: the run sets
+// ui.progressBar (0 to 100) and stops once the dialog is hidden. Cancel, Escape and closing the
+// dialog all hide it.
 class cDlgProgress : public QDialog
 {
     Q_OBJECT
