@@ -23,7 +23,8 @@ int CIniFile::mDefSettingsRefCount = 0;
 
 namespace
 {
-// Texts of this class are bytes in the local encoding; a NUL ends them on the way into Qt.
+// The texts of this class are bytes in the local encoding. A NUL ends them when they become a
+// QString.
 QString _fromLocal(const std::string &text)
 {
     return QString::fromLocal8Bit(text.c_str());
@@ -45,9 +46,9 @@ QString _fullKey(const std::string &section, const std::string &key)
     return (name.isEmpty() ? u"default"_s : name) + u'/' + QString::fromLatin1(key.c_str());
 }
 
-// The bytes that a stored text stands for. Escapes that Qt's INI layer has resolved, as in a
-// hand-written \xD0\xAF, are bytes in the guise of Latin-1 letters; letters written by hand are
-// not. Only bytes that form UTF-8 can have been meant as such escapes.
+// Returns the bytes that a stored text represents. QSettings resolves escapes itself, so a
+// hand-written \xD0\xAF arrives as two Latin-1 letters, each of which is one byte of UTF-8. Letters
+// that do not form UTF-8 that way were written as letters.
 QByteArray _storedBytes(const QString &text)
 {
     const QByteArray bytes = text.toLatin1();
@@ -58,7 +59,7 @@ QByteArray _storedBytes(const QString &text)
 std::string _lookUp(const QSettings *settings, const QString &fullKey)
 {
     const QString text = settings->value(fullKey, QVariant(g_impossibleString)).toString();
-    // Ends at the first NUL; `left` of -1 is the whole.
+    // The text ends at the first NUL. Without one, left(-1) is the whole text.
     return CIniFile::_undecorate(_storedBytes(text.left(text.indexOf(u'\0'))).toStdString());
 }
 
@@ -78,9 +79,9 @@ std::string _madeHomeDir(const char *prefix)
     return _toLocal(home.absolutePath()) + "/" + prefix;
 }
 
-// Stands in for Qt's handler at the fatal stop: that one may write to the system's journal instead
-// of standard error, and ends in abort(), whose core dump is of no use to the user of a program
-// that merely lacks a file.
+// Replaces Qt's message handler for the fatal message. Qt's own may write to the system's journal
+// instead of standard error, and it ends in abort(), which dumps core although only a file is
+// missing.
 void _sayAndExit(QtMsgType, const QMessageLogContext &, const QString &message)
 {
     std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
@@ -90,7 +91,7 @@ void _sayAndExit(QtMsgType, const QMessageLogContext &, const QString &message)
 
 CIniFile::CIniFile() : CIniFile(std::string()) {}
 
-// Texts go in by reference all over this class.
+// All operations of this class take texts by reference.
 // NOLINTBEGIN(modernize-pass-by-value)
 CIniFile::CIniFile(const std::string &section) : mSection(section)
 {

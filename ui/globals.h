@@ -8,29 +8,31 @@ class CIniFile;
 class CWinMain;
 class ZelWindow;
 
-// What the process is to do. Filled by main from the command line and the dialogs, and by the
-// format choice.
+// The parameters of the process. main fills them from the command line and the dialogs, CWinMain
+// from the format choice.
 struct PARAMS_T {
-    // All strings of the command line that Qt left, the program's name first.
+    // The command line without Qt's own options. The first entry is the program's name.
     QStringList args;
-    // Those of them that begin with "/" or "-", the program's name apart. None has an effect.
+    // The arguments that begin with "/" or "-". None of them has an effect.
     QStringList switches;
-    // Names of existing files; only the first is read.
+    // The names of existing files. Only the first one is read.
     QStringList inputs;
-    // First a proposal for each input; after the Save dialog the one chosen name, or nothing.
+    // Before the Save dialog one proposal for each input, afterwards the chosen name or nothing.
     QStringList outputs;
-    // The translated text of the chosen format, such as "GPS Exchange Format (*.gpx)": the filter
-    // of the Save dialog, the selector of the writer and the source of the extension.
+    // The translated text of the chosen format, such as "GPS Exchange Format (*.gpx)". It is the
+    // filter of the Save dialog, and it determines the writer and the extension of the output.
     QString filter;
-    // What follows the format choice: 1 to extract, 0 for nothing. Set by CWinMain.
+    // What to do after the format choice: 1 to extract the track, 0 to exit. Set by CWinMain.
     qint32 action = 0;
 };
 
-// The parameters: made first of all in main, never freed.
+// The parameters. main creates them first of all; they are never freed.
 extern PARAMS_T *gParams;
-// The settings: made by main once an input is known, destroyed at its end, which writes them.
+// The settings. main creates them once an input is known and destroys them at its end, which writes
+// them to disk.
 extern CIniFile *gSettings;
-// The frame and the format choice inside it: made by main once an input is known, never freed.
+// The frame and the format choice inside it. main creates them once an input is known; they are
+// never freed.
 extern ZelWindow *gZelWindow;
 extern CWinMain *gMainWindow;
 

@@ -9,7 +9,7 @@
 CWinMain::CWinMain(QWidget *parent) : QMainWindow(parent)
 {
     ui.setupUi(this);
-    // The order counts: the choice has to be noted before the frame closes.
+    // Slots run in the order of connection: the choice must be stored before the frame closes.
     connect(ui.buttonBox, SIGNAL(accepted()), this, SLOT(onOK()));
     connect(ui.buttonBox, SIGNAL(accepted()), gZelWindow, SLOT(close()));
     connect(ui.buttonBox, SIGNAL(rejected()), gZelWindow, SLOT(close()));
@@ -42,8 +42,8 @@ void CWinMain::onOK()
 
 void CWinMain::_addShortcuts()
 {
-    // Return is OK wherever in this form the keyboard is, on Cancel too, which has Escape and the
-    // space bar. On a button of the title bar it is not meant for OK.
+    // Return means OK wherever the focus is in this form, even on Cancel, which has Escape and the
+    // space bar. It does not mean OK on a button of the title bar, which is outside this form.
     auto *accept = new QShortcut(this);
     accept->setKeys({Qt::Key_Return, Qt::Key_Enter});
     accept->setContext(Qt::WidgetWithChildrenShortcut);

@@ -5,14 +5,14 @@
 
 #include <QMainWindow>
 
-// The choice of the output format, the content of the frame. OK writes the format's filter text and
-// an action of 1 into gParams; OK and Cancel both close the frame. Return or Enter acts as OK,
-// Escape as Cancel.
+// The choice of the output format, shown inside the frame. OK stores the format's filter text and
+// the action 1 in gParams. OK and Cancel both close the frame. Return and Enter act as OK, Escape
+// acts as Cancel.
 class CWinMain : public QMainWindow
 {
     Q_OBJECT
 public:
-    // gParams and gZelWindow have to exist. Sets the action in gParams to 0.
+    // gParams and gZelWindow must exist. Sets the action in gParams to 0.
     explicit CWinMain(QWidget *parent = nullptr);
     ~CWinMain() override;
 

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// The colour of small texts in the forms is also the accent of the style.
+// The accent is also the colour of the small text in the forms.
 constexpr QRgb ACCENT = 0xffc0c0ff;
 constexpr QRgb OUTLINE = 0xff8a90a6;
 constexpr QRgb FIELD = 0xff6a7086;
@@ -62,7 +62,7 @@ void _drawFocus(const QStyleOption *option, QPainter *painter)
     _drawOutline(option, painter, ACCENT, 1.5);
 }
 
-// Fusion outlines the button in a shade of the window, which is lost on a dark ground.
+// Fusion outlines the button in a shade of the window, which is invisible on a dark background.
 void _drawRadioButton(const QStyleOption *option, QPainter *painter)
 {
     const bool enabled = option->state & QStyle::State_Enabled;
@@ -106,14 +106,15 @@ void ZelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
         _drawRadioButton(option, painter);
     else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
-    // Fusion's own outline of a field is a dark line on a dark ground here, also with the focus.
+    // Fusion outlines a field with a dark line even if it has the focus. On a dark background that
+    // line is invisible.
     if (element == PE_FrameLineEdit && (option->state & State_HasFocus))
         _drawFocus(option, painter);
     else if (element == PE_FrameLineEdit)
         _drawOutline(option, painter, FIELD, 1);
 }
 
-// What Fusion draws without asking for the focus frame gets it here.
+// Draws the focus frame of the controls that Fusion draws without one.
 void ZelStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                            const QWidget *widget) const
 {
@@ -134,7 +135,7 @@ void ZelStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
 int ZelStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                         QStyleHintReturn *returnData) const
 {
-    // The pictures are made for light grounds.
+    // The icons are made for light backgrounds.
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, returnData);

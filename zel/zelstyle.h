@@ -4,10 +4,10 @@
 #include <QPalette>
 #include <QProxyStyle>
 
-// The look of all windows: Qt's Fusion style in one dark palette. Every text reaches a contrast of
-// 4.5 to 1 on its ground (disabled text aside), and the keyboard focus is always to be seen, also
-// after a click. QApplication::setStyle takes the object over; the palette has to be installed by
-// the caller, from standardPalette().
+// The look of all windows: Qt's Fusion style with a dark palette. All text except disabled text has
+// a contrast of at least 4.5 to 1 with its background. The keyboard focus is always visible, even
+// after a mouse click. QApplication::setStyle takes ownership of the style; the caller must also
+// install standardPalette() as the application's palette.
 class ZelStyle : public QProxyStyle
 {
     Q_OBJECT

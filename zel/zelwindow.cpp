@@ -17,14 +17,14 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int BORDER = 1;
-// At least 3 to 1 on the ground of a window: one may lie on another.
+// A contrast of at least 3 to 1 with a window's background: one window may cover another.
 constexpr QRgb BORDER_ACTIVE = 0xffc0c0ff;
 constexpr QRgb BORDER_INACTIVE = 0xff8a90a6;
-// How near to an edge the mouse has to be to resize, and how far along it a corner reaches.
+// The width of the resize area along an edge, and the length of a corner.
 constexpr int GRIP = 5;
 constexpr int CORNER = 14;
-// Forms bring margins as wide as for a window of their own. Beside a border a part of them does,
-// and the room is needed: with large fonts the texts would not fit into a small frame.
+// How far the content extends under the border and the title bar. Forms have margins made for a
+// window of their own, and with large fonts a small frame needs that space for the texts.
 constexpr int OVERLAP = 4;
 
 Qt::CursorShape _cursorFor(Qt::Edges edges)
@@ -36,7 +36,8 @@ Qt::CursorShape _cursorFor(Qt::Edges edges)
     return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
 }
 
-// Whether the keyboard may begin here: of buttons that exclude each other, at the checked one.
+// Returns whether the widget may get the focus first. In a group of radio buttons, only the checked
+// one may.
 bool _isEntrance(const QWidget *widget)
 {
     const auto *button = qobject_cast<const QAbstractButton *>(widget);
@@ -45,8 +46,8 @@ bool _isEntrance(const QWidget *widget)
 }
 } // namespace
 
-// A button of the title bar. Its sign is drawn and not loaded, so that it is sharp at any scale and
-// has the colour of the palette.
+// A button of the title bar. Its sign is drawn rather than loaded, so that it is sharp at any scale
+// and has a colour of the palette.
 class ZelWindowTitle::Button : public QToolButton
 {
 public:
@@ -56,7 +57,7 @@ public:
     {
         setAutoRaise(true);
         setFocusPolicy(Qt::TabFocus);
-        // The arrows of the window's edges end where a button begins.
+        // Without a cursor of its own it would show the resize cursor of the window's edge.
         setCursor(Qt::ArrowCursor);
         setSign(sign, name);
     }
@@ -111,7 +112,7 @@ private:
 
 ZelWindowTitle::ZelWindowTitle(ZelWindow *window) : QWidget(window), m_text(new QLabel(this))
 {
-    // Made in the order of the keyboard focus.
+    // Created in the order of the keyboard focus.
     auto *minimise = new Button(this, Button::Minimise, tr("Свернуть"));
     m_maximise = new Button(this, Button::Maximise, tr("Развернуть"));
     auto *close = new Button(this, Button::Close, tr("Закрыть"));
@@ -121,9 +122,9 @@ ZelWindowTitle::ZelWindowTitle(ZelWindow *window) : QWidget(window), m_text(new 
 
     setAutoFillBackground(true);
     m_text->setTextFormat(Qt::RichText);
-    // A long text is cut rather than making the window wider.
+    // A long text is cut off; it must not widen the window.
     m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    // The text is no obstacle to dragging.
+    // The text must not catch the mouse, which drags the window.
     m_text->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     auto *layout = new QHBoxLayout(this);
@@ -139,7 +140,7 @@ void ZelWindowTitle::setHiddenDevice(bool) {}
 
 void ZelWindowTitle::_setText(const QString &richText)
 {
-    // A last line that holds nothing needs no room.
+    // An empty last line takes no space.
     static const QRegularExpression emptyLine(uR"((&nbsp;)?<br>(?=(</\w+>)*\z))"_s);
     m_text->setText(QString(richText).remove(emptyLine));
 }
@@ -157,7 +158,7 @@ ZelWindow::ZelWindow(QWidget *parent, Qt::WindowFlags flags)
     : QWidget(parent, flags | Qt::Window | Qt::FramelessWindowHint),
       m_title(new ZelWindowTitle(this))
 {
-    // Tells where the mouse is also while it is over a child.
+    // Reports the mouse position even while it is over a child.
     setAttribute(Qt::WA_Hover);
     _showState();
 }
@@ -195,7 +196,7 @@ QSize ZelWindow::_leastSize() const
 
 bool ZelWindow::event(QEvent *event)
 {
-    // A child's size hint has changed, with the font for instance.
+    // The size hint of a child has changed, for example with the font.
     if (event->type() == QEvent::LayoutRequest)
         _layOut();
     if (event->type() == QEvent::HoverMove) {
@@ -237,7 +238,7 @@ void ZelWindow::mousePressEvent(QMouseEvent *event)
         return;
     const QPoint position = event->position().toPoint();
     if (const Qt::Edges edges = _edgesAt(position)) {
-        // Only for the hand on the edge: a stored size may well be smaller.
+        // Only while the user resizes the window: a stored size may well be smaller.
         windowHandle()->setMinimumSize(_leastSize());
         windowHandle()->startSystemResize(edges);
     } else if (_isOnTitle(position)) {
@@ -247,8 +248,8 @@ void ZelWindow::mousePressEvent(QMouseEvent *event)
 
 void ZelWindow::mouseMoveEvent(QMouseEvent *event)
 {
-    // Not at once when the button is pressed, for the window system would then swallow the second
-    // press of a double click.
+    // A drag does not start with the press itself, because the window system would then swallow the
+    // second press of a double click.
     if (!m_pressed)
         return;
     const QPoint way = event->position().toPoint() - *m_pressed;
@@ -299,8 +300,7 @@ bool ZelWindow::_isOnTitle(const QPoint &position) const
     return m_title->geometry().contains(position);
 }
 
-// The window lays out its two children itself: a layout would hold it at least as large as their
-// minimum, but a stored geometry is to come back as it was, and it would not let them overlap.
+// The window lays out its two children itself, because a QLayout cannot let them overlap.
 void ZelWindow::_layOut()
 {
     const int border = _border();

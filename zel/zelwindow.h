@@ -8,12 +8,13 @@
 class QLabel;
 class ZelWindow;
 
-// The title bar of a ZelWindow: two lines of rich text and buttons to minimise, maximise and close.
+// The title bar of a ZelWindow: two lines of rich text, and buttons to minimise, maximise and close
+// the window.
 class ZelWindowTitle : public QWidget
 {
     Q_OBJECT
 public:
-    // Accepted and without effect: this title bar shows no device.
+    // Has no effect, because this title bar shows no device.
     void setHiddenDevice(bool hidden);
 
 private:
@@ -28,25 +29,25 @@ private:
     Button *m_maximise = nullptr;
 };
 
-// A top-level window that draws its own border and title bar. Dragging the title bar moves it, a
-// double click there maximises and restores it, edges and corners resize it. Moving and resizing
-// themselves are the window system's (X11 or Wayland).
+// A top-level window that draws its own border and title bar. Dragging the title bar moves the
+// window, a double click on it maximises or restores the window, and dragging an edge or a corner
+// resizes it. The window system (X11 or Wayland) does the actual moving and resizing.
 class ZelWindow : public QWidget
 {
     Q_OBJECT
 public:
-    // parent and flags as for any QWidget; the window system never gives it a frame.
+    // parent and flags are those of any QWidget. The window system never adds a frame.
     explicit ZelWindow(QWidget *parent = nullptr, Qt::WindowFlags flags = {});
 
-    // Puts the widget under the title bar and takes it over. It is shown with the window and gets
-    // the keyboard first. To be called once.
+    // Places the widget below the title bar and takes ownership of it. The widget is shown with the
+    // window and gets the focus first. Call this once.
     void setCentralWidget(QWidget *widget);
 
-    // The text of the title bar, as rich text. The plain title, which task bars show, is set with
-    // QWidget::setWindowTitle.
+    // Sets the text of the title bar, as rich text. Task bars show the plain title, which is set
+    // with QWidget::setWindowTitle.
     void setWindowTitle(const QString &richText);
 
-    // The title bar; it belongs to the window.
+    // Returns the title bar, which the window owns.
     [[nodiscard]] ZelWindowTitle *zelWindowTitle() const;
 
 protected:
@@ -65,14 +66,14 @@ private:
     [[nodiscard]] Qt::Edges _edgesAt(const QPoint &position) const;
     [[nodiscard]] bool _isOnTitle(const QPoint &position) const;
     [[nodiscard]] int _border() const;
-    // At which title bar and content can be used.
+    // The smallest size at which the title bar and the content are usable.
     [[nodiscard]] QSize _leastSize() const;
     void _layOut();
     void _showState();
 
     ZelWindowTitle *m_title;
     QWidget *m_content = nullptr;
-    // Where the title bar was pressed, as long as that can still become a drag.
+    // Where the title bar was pressed, while that press can still become a drag.
     std::optional<QPoint> m_pressed;
 };
 
