@@ -1,27 +1,37 @@
 #ifndef COMMAND_H
 #define COMMAND_H
 
-#include "cli/inputfile.h"
+#include "cli/fileid.h"
+#include "cli/outputfile.h"
+#include "cli/progress.h"
 
 #include <QCommandLineParser>
+#include <QList>
 #include <QString>
 #include <QStringList>
+
+#include <memory>
 
 // The exit statuses of the program.
 enum { EXIT_DONE = 0, EXIT_SOME_FAILED = 1, EXIT_WRONG_USE = 2 };
 
-// Text for a terminal or a picture: control characters, of which names and titles can be full,
-// replaced.
-QString printable(const QString &text);
+// An archive to process.
+struct ARCHIVE_T {
+    QString name; // "-" is standard input
+};
 
-// How a file is called in a message: "-" has a name of its own.
-QString displayName(const QString &name, const QString &standardStream);
+// What processing an archive produced. Nothing has been printed, and the files have not been given
+// their names: cCommand does both, in the order of the archives.
+struct RESULT_T {
+    QString failure{};      // why the archive failed; empty on success
+    QStringList warnings{}; // each a sentence about the archive
+    QString summary{};      // what was done, for people; empty if there is nothing to say
+    QByteArray output{};    // for standard output
+    QList<std::shared_ptr<cOutputFile>> files{}; // a file in error fails the archive
+};
 
-// Writes "vrk3: MESSAGE" to standard error.
-void complain(const QString &message);
-
-// One of the program's commands: reads its options and does its work on one archive after the
-// other. An archive that fails does not stop those behind it.
+// One of the program's commands: reads its options and processes the archives one by one. An
+// archive that fails does not stop the others.
 class cCommand
 {
 public:
@@ -31,34 +41,48 @@ public:
     const QString &name() const { return m_name; }
     const QString &summary() const { return m_summary; }
 
-    // Takes the arguments behind the command's name and gives the exit status.
+    // Runs the command with the arguments that follow its name. Returns the exit status.
     int run(const QStringList &arguments);
 
 protected:
-    // usage is what stands behind the command's name in its help.
+    // usage is the part of the usage line after the command's name.
     cCommand(QString name, QString usage, QString summary);
 
     virtual void addOptions(QCommandLineParser &parser) = 0;
-    // Gives what is wrong with the command line; empty if nothing is.
+    // Returns an error message, empty on success.
     virtual QString readOptions(const QCommandLineParser &parser) = 0;
-    // Gives why the archive failed; empty if it did not.
-    virtual QString process(const QString &archive) = 0;
-    // Comes behind the last archive; gives why that failed.
-    virtual QString finish() { return {}; }
+    // Processes one archive. It is const because it may run on several threads at once: everything
+    // that the options decide is fixed by then. It must not print.
+    virtual RESULT_T process(const ARCHIVE_T &archive, cProgress &progress) const = 0;
+    // What standard output needs before the output of an archive, and after that of the last one.
+    virtual QByteArray before(bool isFirst) const;
+    virtual QByteArray after(bool isEmpty) const;
 
-    // The archives of the command line, "-" for standard input, known from readOptions on.
-    const QStringList &archives() const { return m_archives; }
-    // Those of them that are regular files.
-    QList<FILEID_T> archiveIds() const;
+    // The archives of the command line; known from readOptions on.
+    const QList<ARCHIVE_T> &archives() const { return m_archives; }
+    // Those of them that are regular files, which must not be overwritten.
+    const QSet<FILEID_T> &inputs() const { return m_inputs; }
 
 private:
     int _wrongUse(const QString &reason) const;
     void _showHelp(const QCommandLineParser &parser) const;
+    void _run(const ARCHIVE_T &archive);
+    void _conclude(const ARCHIVE_T &archive, RESULT_T &result);
+    QString _commit(const RESULT_T &result);
+    void _write(const QByteArray &bytes);
+    void _fail(const QString &file, const QString &reason);
 
     QString m_name;
     QString m_usage;
     QString m_summary;
-    QStringList m_archives;
+    bool m_quiet = false;
+    QList<ARCHIVE_T> m_archives;
+    QSet<FILEID_T> m_inputs;
+
+    QSet<FILEID_T> m_written;              // the run's outputs
+    std::unique_ptr<cOutputFile> m_output; // standard output, from the first byte on
+    bool m_isFirst = true;
+    int m_status = EXIT_DONE;
 };
 
 #endif

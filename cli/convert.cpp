@@ -1,6 +1,9 @@
 #include "cli/convert.h"
 
-#include "cli/progress.h"
+#include "cli/inputfile.h"
+#include "cli/messages.h"
+#include "cli/pump.h"
+#include "cli/summary.h"
 #include "cli/trackstats.h"
 #include "gps/gpschain.h"
 
@@ -9,41 +12,39 @@
 
 using namespace Qt::StringLiterals;
 
-// A format as the command line calls it, and as the chain knows it.
+// A format on the command line.
 struct FORMAT_T {
     const char *name;
     const char *extension;
-    const char *filter;
 };
 
-static constexpr std::array<FORMAT_T, 4> FORMATS = {{
-    {"raw", ".txt", "Raw GPS output file (*.txt)"},
-    {"gpx", ".gpx", "GPS Exchange Format (*.gpx)"},
-    {"plt", ".plt", "OziExplorer track (*.plt)"},
-    {"kml", ".kml", "GoogleEarth track (*.kml)"},
-}};
-static constexpr const FORMAT_T &USUAL_FORMAT = FORMATS[1];
+namespace
+{
+constexpr std::array<FORMAT_T, 4> FORMATS = {
+    {{"raw", ".txt"}, {"gpx", ".gpx"}, {"plt", ".plt"}, {"kml", ".kml"}}};
+constexpr const FORMAT_T &DEFAULT_FORMAT = FORMATS[1];
 
-static const QString TO = u"to"_s;
+const QString TO = u"to"_s;
 
-static const FORMAT_T *_find(const char *FORMAT_T::*key, const QString &value)
+const FORMAT_T *_find(const char *FORMAT_T::*key, const QString &value)
 {
     const auto *const it =
         std::find_if(FORMATS.begin(), FORMATS.end(),
                      [&](const FORMAT_T &format) { return value == QLatin1String(format.*key); });
     return it == FORMATS.end() ? nullptr : it;
 }
+} // namespace
 
 cConvert::cConvert()
-    : cCommand(u"convert"_s, u"[options] ARCHIVE..."_s, u"Writes the GPS tracks of archives."_s)
+    : cCommand(u"convert"_s, u"[options] ARCHIVE..."_s, u"Write GPS tracks as the window does."_s)
 {
 }
 
 void cConvert::addOptions(QCommandLineParser &parser)
 {
     parser.addOption({{u"t"_s, TO},
-                      u"Format: raw, gpx, plt or kml. Without it the extension of "
-                      "-o's FILE decides, else it is gpx."_s,
+                      u"Format: raw, gpx, plt or kml. The default follows the extension of "
+                      "-o's FILE; otherwise it is gpx."_s,
                       u"FORMAT"_s});
     cTargets::addOptions(parser);
 }
@@ -56,54 +57,44 @@ QString cConvert::readOptions(const QCommandLineParser &parser)
     m_format = parser.isSet(TO) ? _find(&FORMAT_T::name, parser.value(TO))
                                 : _find(&FORMAT_T::extension, m_targets.extension());
     if (!m_format && parser.isSet(TO))
-        return u"there is no format '%1'"_s.arg(parser.value(TO));
+        return u"unknown format '%1' (use raw, gpx, plt or kml)"_s.arg(parser.value(TO));
     if (!m_format)
-        m_format = &USUAL_FORMAT;
-    m_inputs = archiveIds();
+        m_format = &DEFAULT_FORMAT;
     return {};
 }
 
-QString cConvert::process(const QString &archive)
+RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
 {
-    cInputFile input(archive);
+    cInputFile input(archive.name);
     if (!input.error().isEmpty())
-        return input.error();
-    const QString name = m_targets.nameFor(archive, QLatin1String(m_format->extension));
-    cOutputFile output(name, m_targets.overwrite(), m_inputs);
+        return {input.error()};
+    const QString extension = QLatin1String(m_format->extension);
+    const auto output = m_targets.open(archive, extension, inputs());
     cTrackStats stats;
     ACCOUNT_T account;
-    const bool raw = _pump(input, output, stats, account);
-    // A failure of the output comes first: it may be what ended the reading.
-    if (output.error().isEmpty()) {
-        if (!input.error().isEmpty())
-            return input.error();
-        QString nothing = whyNoTrack(account, stats);
-        if (!nothing.isEmpty())
-            return nothing;
+    bool hasPoints = false;
+    {
+        // The chain sends its last bytes when it is destroyed.
+        cGpsChain chain(u'*' + extension, output.get());
+        QObject::connect(&chain.raw(), SIGNAL(signal_Data(QByteArray)), &stats,
+                         SLOT(slot_Data(QByteArray)));
+        hasPoints = chain.decoder() != nullptr;
+        if (hasPoints)
+            QObject::connect(chain.decoder(), SIGNAL(signal_Data(nmea_data)), &stats,
+                             SLOT(slot_Data(nmea_data)));
+        pump(input, chain.parser(), progress, output.get());
+        account = chain.parser().account();
     }
+    RESULT_T result;
+    if (output->error().isEmpty()) {
+        result.failure = input.error().isEmpty() ? whyNoTrack(account, stats) : input.error();
+        if (!result.failure.isEmpty())
+            return result;
+    }
+    output->finish();
     const QString amount =
-        raw ? u"%1 bytes"_s.arg(output.size()) : u"%1 points"_s.arg(stats.points());
-    return m_targets.conclude(archive, name, output, trackSummary(amount, stats, account));
-}
-
-// Sends the archive through the chain. The chain ends with the function, since it sends its last
-// bytes when it is destroyed. True: the format has no points.
-bool cConvert::_pump(cInputFile &input, cOutputFile &output, cTrackStats &stats,
-                     ACCOUNT_T &account) const
-{
-    cGpsChain chain(QLatin1String(m_format->filter), &output);
-    QObject::connect(&chain.raw(), SIGNAL(signal_Data(QByteArray)), &stats,
-                     SLOT(slot_Data(QByteArray)));
-    const bool raw = !chain.decoder();
-    if (!raw)
-        QObject::connect(chain.decoder(), SIGNAL(signal_Data(nmea_data)), &stats,
-                         SLOT(slot_Data(nmea_data)));
-    cProgress progress(input.name(), input.size(), !m_targets.quiet());
-    QByteArray block;
-    while (output.error().isEmpty() && input.next(block)) {
-        chain.parser().slot_Data(block);
-        progress.setPosition(input.position());
-    }
-    account = chain.parser().account();
-    return raw;
+        hasPoints ? counted(stats.points(), "point") : counted(output->size(), "byte");
+    result.summary = trackSummary(amount, stats, account, output->name());
+    result.files = {output};
+    return result;
 }

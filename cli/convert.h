@@ -3,12 +3,11 @@
 
 #include "cli/command.h"
 #include "cli/targets.h"
-#include "cli/trackstats.h"
 
 struct FORMAT_T;
 
-// `vrk3 convert`: the tracks of archives in one of the four formats, in the bytes that the window
-// would write.
+// `vrk3 convert`: writes the tracks of archives in one of the four formats, with the same bytes as
+// the window.
 class cConvert : public cCommand
 {
 public:
@@ -17,15 +16,11 @@ public:
 protected:
     void addOptions(QCommandLineParser &parser) override;
     QString readOptions(const QCommandLineParser &parser) override;
-    QString process(const QString &archive) override;
+    RESULT_T process(const ARCHIVE_T &archive, cProgress &progress) const override;
 
 private:
-    bool _pump(cInputFile &input, cOutputFile &output, cTrackStats &stats,
-               ACCOUNT_T &account) const;
-
     cTargets m_targets;
     const FORMAT_T *m_format = nullptr;
-    QList<FILEID_T> m_inputs;
 };
 
 #endif

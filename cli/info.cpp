@@ -1,56 +1,56 @@
 #include "cli/info.h"
 
 #include "cli/contents.h"
+#include "cli/contentsjson.h"
+#include "cli/contentstext.h"
 
 #include <QJsonDocument>
 
 using namespace Qt::StringLiterals;
 
-static const QString JSON = u"json"_s;
+namespace
+{
+const QString JSON = u"json"_s;
+}
 
 cInfo::cInfo()
-    : cCommand(u"info"_s, u"[--json] ARCHIVE..."_s,
-               u"Tells what is in archives, and what is damaged."_s)
+    : cCommand(u"info"_s, u"[options] ARCHIVE..."_s,
+               u"Report what archives contain and where they are damaged."_s)
 {
 }
 
 void cInfo::addOptions(QCommandLineParser &parser)
 {
-    parser.addOption({{u"j"_s, JSON}, u"Writes a JSON array with an object for each archive."_s});
+    parser.addOption({{u"j"_s, JSON}, u"Print a JSON array with one object per archive."_s});
 }
 
 QString cInfo::readOptions(const QCommandLineParser &parser)
 {
     m_json = parser.isSet(JSON);
-    m_output = std::make_unique<cOutputFile>(STANDARD_STREAM, false, archiveIds());
     return {};
 }
 
-QString cInfo::process(const QString &archive)
+RESULT_T cInfo::process(const ARCHIVE_T &archive, cProgress &progress) const
 {
     cContents contents;
-    QString failure = contents.read(archive, true);
-    if (!failure.isEmpty())
-        return failure;
-    if (m_json) {
-        const QByteArray object = QJsonDocument(contents.json()).toJson().trimmed();
-        _write((m_first ? "[\n" : ",\n") + object);
-    } else {
-        _write((m_first ? QByteArray() : QByteArray("\n")) + contents.text().toUtf8());
-    }
-    m_first = false;
-    return {};
+    RESULT_T result;
+    result.failure = contents.read(archive.name, progress);
+    if (result.failure.isEmpty())
+        result.output = m_json ? QJsonDocument(contentsJson(contents)).toJson().trimmed()
+                               : contentsText(contents).toUtf8();
+    return result;
 }
 
-QString cInfo::finish()
+QByteArray cInfo::before(bool isFirst) const
 {
     if (m_json)
-        _write(m_first ? "[]\n" : "\n]\n");
-    m_output->commit();
-    return m_output->error();
+        return isFirst ? "[\n" : ",\n";
+    return isFirst ? "" : "\n";
 }
 
-void cInfo::_write(const QByteArray &bytes)
+QByteArray cInfo::after(bool isEmpty) const
 {
-    m_output->slot_Data(bytes);
+    if (m_json)
+        return isEmpty ? "[]\n" : "\n]\n";
+    return {};
 }

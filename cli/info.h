@@ -2,11 +2,8 @@
 #define INFO_H
 
 #include "cli/command.h"
-#include "cli/outputfile.h"
 
-#include <memory>
-
-// `vrk3 info`: what is in archives, as text or as one JSON array, on standard output.
+// `vrk3 info`: reports on standard output what is in archives, as text or as one JSON array.
 class cInfo : public cCommand
 {
 public:
@@ -15,15 +12,12 @@ public:
 protected:
     void addOptions(QCommandLineParser &parser) override;
     QString readOptions(const QCommandLineParser &parser) override;
-    QString process(const QString &archive) override;
-    QString finish() override;
+    RESULT_T process(const ARCHIVE_T &archive, cProgress &progress) const override;
+    QByteArray before(bool isFirst) const override;
+    QByteArray after(bool isEmpty) const override;
 
 private:
-    void _write(const QByteArray &bytes);
-
     bool m_json = false;
-    bool m_first = true;
-    std::unique_ptr<cOutputFile> m_output;
 };
 
 #endif

@@ -1,5 +1,6 @@
 #include "cli/inputfile.h"
 
+#include "cli/fileid.h"
 #include "cli/interrupt.h"
 
 #include <QFile>
@@ -10,19 +11,12 @@
 
 using namespace Qt::StringLiterals;
 
-// The system's calls instead of QFile: QFile starts an interrupted read again, and Ctrl-C has to
-// get through to a read that waits for a pipe.
-
-static constexpr qsizetype BLOCK_SIZE = 65536;
-
-bool fileStatus(const QString &name, int standardStream, struct stat &status)
+namespace
 {
-    if (name == STANDARD_STREAM)
-        return ::fstat(standardStream, &status) == 0;
-    return ::stat(QFile::encodeName(name).constData(), &status) == 0;
+constexpr qsizetype BLOCK_SIZE = 65536;
 }
 
-cInputFile::cInputFile(const QString &name) : m_name(name)
+cInputFile::cInputFile(const QString &name)
 {
     m_fd = name == STANDARD_STREAM
                ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
@@ -63,7 +57,7 @@ bool cInputFile::next(QByteArray &block)
 bool cInputFile::_atEnd()
 {
     if (m_position < m_size)
-        return _fail(u"it became shorter while it was read"_s);
+        return _fail(u"it shrank while being read"_s);
     return false;
 }
 

@@ -1,6 +1,7 @@
 #include "cli/interrupt.h"
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -9,30 +10,35 @@
 #include <poll.h>
 #include <unistd.h>
 
-static volatile std::sig_atomic_t g_signal = 0;
+namespace
+{
+// Atomic because several threads read it; lock-free because a signal handler writes it.
+std::atomic<int> g_signal = 0;
+static_assert(std::atomic<int>::is_always_lock_free);
 
-// What the handler writes into and waitForInput waits for: a signal that comes just before the wait
-// is found all the same.
-static std::array<int, 2> g_wake = {-1, -1};
+// A pipe that the handler writes to and waitForInput polls, so that a signal just before the wait
+// is not missed.
+std::array<int, 2> g_wake = {-1, -1};
 
-static void _note(int number)
+void _note(int number)
 {
     const int error = errno;
     g_signal = number;
     [[maybe_unused]] const auto written = ::write(g_wake[1], "", 1);
     errno = error;
 }
+} // namespace
 
 void catchInterrupts()
 {
     if (::pipe2(g_wake.data(), O_CLOEXEC | O_NONBLOCK) != 0)
-        g_wake = {-1, -1}; // which poll passes over
+        g_wake = {-1, -1}; // poll ignores negative descriptors
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction old = {};
         sigaction(number, nullptr, &old);
         if (old.sa_handler == SIG_IGN)
             continue;
-        // Without SA_RESTART: a read or write that waits comes back.
+        // No SA_RESTART: a blocked read or write must return.
         struct sigaction action = {};
         action.sa_handler = _note;
         action.sa_flags = int(SA_RESETHAND);

@@ -1,22 +1,22 @@
 #ifndef INTERRUPT_H
 #define INTERRUPT_H
 
-// Ctrl-C and its like, so that a run ends with its own message and without a file left behind.
+// Handling of Ctrl-C and similar signals: the run ends with a message and leaves no file behind.
 
-// From now on SIGINT, SIGTERM and SIGHUP are only noted. A second one of the same kind ends the
-// process at once, in case the first is waiting for a pipe that nobody reads. A signal that the
-// parent process ignores (nohup) stays ignored.
+// Installs the handlers. After this, SIGINT, SIGTERM and SIGHUP are only remembered. A second one
+// of the same kind ends the process at once, in case the first is stuck on a pipe that nobody
+// reads. A signal that the parent process ignores (nohup) stays ignored.
 void catchInterrupts();
 
-// Whether one was noted.
+// Whether one of the signals has arrived.
 bool isInterrupted();
 
-// Waits until the descriptor has something to read, or its end or an error to tell. False: a signal
-// was noted before. Asking isInterrupted and then reading is not enough: the signal may come in
-// between, and the read may wait for ever.
+// Waits until the descriptor is readable, at its end or in error. Returns false if a signal has
+// arrived. Calling isInterrupted and then reading is not enough: a signal that arrives in between
+// would leave the read waiting forever.
 bool waitForInput(int fd);
 
-// Ends the process as the noted signal would have: a shell or xargs then knows to stop as well.
+// Ends the process as the remembered signal would have, so that a shell or xargs stops as well.
 [[noreturn]] void endInterrupted();
 
 #endif

@@ -1,31 +1,32 @@
-// vrk3: the work of the window as a command, for archives by the hundred and machines without a
-// screen.
+// vrk3: what the window does, as a command, for many archives and for machines without a screen.
 #include "cli/convert.h"
 #include "cli/info.h"
 #include "cli/interrupt.h"
+#include "cli/messages.h"
 #include "cli/plot.h"
 
 #include <QCoreApplication>
 
-#include <array>
 #include <csignal>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
 
-static void _showHelp(const QList<cCommand *> &commands)
+namespace
+{
+void _showHelp(const QList<cCommand *> &commands)
 {
     std::puts("Usage: vrk3 COMMAND [options] ARCHIVE...\n\n"
-              "Tells what is in VRK3 archives and writes their GPS tracks.\n\n"
+              "Reports what VRK3 archives contain and writes their GPS tracks.\n\n"
               "Commands:");
     for (const cCommand *command : commands)
         std::printf("  %-9s%s\n", qPrintable(command->name()), qPrintable(command->summary()));
     std::puts("\nOptions:\n"
-              "  -h, --help     Shows this help; behind a command, that command's.\n"
-              "  -v, --version  Shows the version.");
+              "  -h, --help     Print this help; after a command, that command's.\n"
+              "  -v, --version  Print the version.");
 }
 
-static int _run(const QStringList &arguments)
+int _run(const QStringList &arguments)
 {
     cConvert convert;
     cInfo info;
@@ -45,20 +46,21 @@ static int _run(const QStringList &arguments)
         if (command->name() == first)
             return command->run(arguments.mid(2));
     }
-    complain(first.isEmpty() ? u"no command was given (see vrk3 --help)"_s
-                             : u"there is no command '%1' (see vrk3 --help)"_s.arg(first));
+    complain(first.isEmpty() ? u"no command given (see vrk3 --help)"_s
+                             : u"unknown command '%1' (see vrk3 --help)"_s.arg(first));
     return EXIT_WRONG_USE;
 }
+} // namespace
 
 int main(int argc, char *argv[])
 {
-    // A reader that has gone away ends the program without a word, also where the parent process
-    // had other plans for this signal.
+    // When the reader of standard output goes away, the program ends silently, even if the parent
+    // process ignores this signal.
     std::signal(SIGPIPE, SIG_DFL);
     catchInterrupts();
 
-    // Under a locale that is not UTF-8 Qt goes on with UTF-8 and says so, on every start: scripts
-    // and cron jobs have such locales, and standard error has one line for each file here.
+    // Under a locale that is not UTF-8, Qt switches to UTF-8 and warns at every start. Scripts and
+    // cron jobs often have such locales, and standard error is for one line per file.
     const auto silence = [](QtMsgType, const QMessageLogContext &, const QString &) {};
     const QtMessageHandler usual = qInstallMessageHandler(silence);
     const QCoreApplication app(argc, argv);

@@ -9,30 +9,45 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
-static constexpr qsizetype BUFFER_SIZE = 65536;
-static constexpr mode_t PERMISSIONS = 0666;
-static constexpr mode_t PERMISSION_BITS = 0777;
+namespace
+{
+constexpr qsizetype BUFFER_SIZE = 65536;
+constexpr mode_t PERMISSIONS = 0666;
+constexpr mode_t PERMISSION_BITS = 0777;
 
-cOutputFile::cOutputFile(const QString &name, bool overwrite, const QList<FILEID_T> &inputs)
-    : m_name(name), m_overwrite(overwrite)
+// The only way to read the mask is to set it, and threads share it: it is read once.
+mode_t _newFileMode()
+{
+    static const mode_t mask = [] {
+        const mode_t old = ::umask(0);
+        ::umask(old);
+        return old;
+    }();
+    return PERMISSIONS & ~mask;
+}
+} // namespace
+
+cOutputFile::cOutputFile(QString name, bool overwrite, const QSet<FILEID_T> &inputs)
+    : m_name(std::move(name)), m_path(m_name), m_overwrite(overwrite)
 {
     m_buffer.reserve(BUFFER_SIZE);
     struct stat old = {};
-    const bool exists = fileStatus(name, STDOUT_FILENO, old);
+    const bool exists = fileStatus(m_name, STDOUT_FILENO, old);
     const bool isFile = exists && S_ISREG(old.st_mode);
     if (isFile && inputs.contains(fileId(old)))
-        _fail(u"it is an archive to be read"_s);
-    else if (name == STANDARD_STREAM)
+        _fail(u"it is one of the input archives"_s);
+    else if (m_name == STANDARD_STREAM)
         m_fd = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
     else if (isFile && !overwrite)
-        _fail(u"it exists already (--overwrite replaces it)"_s);
+        _fail(u"it already exists (use --overwrite to replace it)"_s);
     else if (!exists || isFile)
         _openTemporary(exists ? &old : nullptr);
     else
-        m_fd = ::open(QFile::encodeName(name).constData(), O_WRONLY | O_CLOEXEC);
+        m_fd = ::open(QFile::encodeName(m_name).constData(), O_WRONLY | O_CLOEXEC);
     if (m_fd < 0 && m_error.isEmpty())
         _failBySystem();
 }
@@ -46,17 +61,15 @@ cOutputFile::~cOutputFile()
 void cOutputFile::_openTemporary(const struct stat *old)
 {
     if (old) {
-        // The file is replaced where it is, not a link to it, and only if it may be written to.
-        m_name = QFileInfo(m_name).canonicalFilePath();
-        if (::access(QFile::encodeName(m_name).constData(), W_OK) != 0)
+        // Replace the file itself, not a link to it, and only if it is writable.
+        m_path = QFileInfo(m_name).canonicalFilePath();
+        if (::access(QFile::encodeName(m_path).constData(), W_OK) != 0)
             return;
         m_mode = old->st_mode & PERMISSION_BITS;
     } else {
-        const mode_t mask = ::umask(0);
-        ::umask(mask);
-        m_mode = PERMISSIONS & ~mask;
+        m_mode = _newFileMode();
     }
-    m_file.setFileTemplate(QFileInfo(m_name).dir().filePath(u".vrk3-XXXXXX"_s));
+    m_file.setFileTemplate(QFileInfo(m_path).dir().filePath(u".vrk3-XXXXXX"_s));
     if (m_file.open())
         m_fd = m_file.handle();
     else
@@ -90,32 +103,37 @@ bool cOutputFile::_flush()
     return true;
 }
 
+bool cOutputFile::finish()
+{
+    if (m_finished || !m_error.isEmpty() || !_flush())
+        return m_error.isEmpty();
+    m_finished = true;
+    if (!m_file.isOpen()) {
+        const int fd = std::exchange(m_fd, -1);
+        return ::close(fd) == 0 || _failBySystem();
+    }
+    // Failure is harmless: the file systems of memory cards have no permissions to set.
+    (void)::fchmod(m_fd, m_mode);
+    // A full disk may show only here, so this comes before the file gets its name.
+    return ::fsync(m_fd) == 0 || _failBySystem();
+}
+
 bool cOutputFile::commit()
 {
-    if (!m_error.isEmpty() || !_flush())
-        return false;
-    if (m_file.isOpen())
-        return _publish();
-    const int fd = std::exchange(m_fd, -1);
-    return ::close(fd) == 0 || _failBySystem();
+    return finish() && (!m_file.isOpen() || _publish());
 }
 
 bool cOutputFile::_publish()
 {
-    // A courtesy: the file systems of memory cards have permissions of their own and refuse.
-    (void)::fchmod(m_fd, m_mode);
-    // Written to the disk before it gets its name: a full disk may come to light only here.
-    if (::fsync(m_fd) != 0)
-        return _failBySystem();
     if (!m_overwrite) {
-        // Fails if somebody else has made a file of that name meanwhile.
-        if (!m_file.rename(m_name))
+        // Fails if another process has created a file of that name since.
+        if (!m_file.rename(m_path))
             return _fail(m_file.errorString());
         m_file.setAutoRemove(false);
         return true;
     }
     const QByteArray temporary = QFile::encodeName(m_file.fileName());
-    if (std::rename(temporary.constData(), QFile::encodeName(m_name).constData()) != 0)
+    if (std::rename(temporary.constData(), QFile::encodeName(m_path).constData()) != 0)
         return _failBySystem();
     m_file.setAutoRemove(false);
     return true;

@@ -1,39 +1,47 @@
 #ifndef OUTPUTFILE_H
 #define OUTPUTFILE_H
 
-#include "cli/inputfile.h"
+#include "cli/fileid.h"
 
 #include <QObject>
 #include <QTemporaryFile>
 
-// The end of a chain that does not forgive: the output appears under its name whole, or not at all.
+// The sink of a chain: the complete output appears under its name, or nothing does.
 //
-// Bytes go to a file of no name in the output's folder, where the file system can have one (else of
-// a hidden name), and commit() gives it the name. Whatever ends the process before, even a kill,
-// leaves an older file of that name as it was. Standard output, devices and pipes are written
-// straight to.
+// Bytes go to an unnamed file in the output's folder (or to a hidden file where the file system has
+// no unnamed ones), and commit() gives it the name. If the process ends before, even by a kill, an
+// older file of that name is left as it was. Standard output, devices and pipes are written
+// directly.
+//
+// QSaveFile is not used because it always replaces an existing file and leaves its temporary file
+// behind when the process is killed.
 class cOutputFile : public QObject
 {
     Q_OBJECT
 
 public:
-    // Opens the output; "-" is standard output. A regular file that exists is an error unless
-    // overwrite is set, and one of the inputs is an error in any case.
-    cOutputFile(const QString &name, bool overwrite, const QList<FILEID_T> &inputs);
-    // What was not committed is thrown away.
+    // Opens the output; "-" is standard output. An existing regular file is an error unless
+    // overwrite is set; a file in inputs is always one.
+    cOutputFile(QString name, bool overwrite, const QSet<FILEID_T> &inputs);
+    // Discards what was not committed.
     ~cOutputFile() override;
     Q_DISABLE_COPY_MOVE(cOutputFile)
 
-    // The last step. False: it failed, and nothing has changed under the output's name.
+    const QString &name() const { return m_name; }
+
+    // Writes everything to the disk; no bytes may follow. Returns false on failure.
+    bool finish();
+    // Finishes the output if that has not been done, and gives it its name. Returns false on
+    // failure; then nothing has changed under that name.
     bool commit();
 
-    // What went wrong first; empty if all is well.
+    // The first thing that went wrong; empty if all is well.
     const QString &error() const { return m_error; }
-    // Bytes taken in.
+    // Bytes received.
     qint64 size() const { return m_size; }
 
 public Q_SLOTS:
-    // Takes the bytes in, unless something went wrong before. They are not needed behind the call.
+    // Appends the bytes; does nothing after an error. The array need not outlive the call.
     void slot_Data(const QByteArray &a);
 
 private:
@@ -44,12 +52,14 @@ private:
     bool _failBySystem();
 
     QString m_name;
+    QString m_path; // m_name, or the file that a link of this name points to
     bool m_overwrite = false;
     int m_fd = -1;
     QTemporaryFile m_file; // not open for standard output, devices and pipes
     mode_t m_mode = 0;
     QByteArray m_buffer;
     qint64 m_size = 0;
+    bool m_finished = false;
     QString m_error;
 };
 

@@ -1,6 +1,8 @@
 #include "cli/plot.h"
 
 #include "archive/hdrtxts.h"
+#include "cli/messages.h"
+#include "cli/summary.h"
 #include "cli/trackpicture.h"
 #include "cli/trackreader.h"
 
@@ -9,8 +11,7 @@
 using namespace Qt::StringLiterals;
 
 cPlot::cPlot()
-    : cCommand(u"plot"_s, u"[options] ARCHIVE..."_s,
-               u"Draws the GPS tracks of archives as SVG pictures."_s)
+    : cCommand(u"plot"_s, u"[options] ARCHIVE..."_s, u"Draw GPS tracks as SVG pictures."_s)
 {
 }
 
@@ -21,33 +22,36 @@ void cPlot::addOptions(QCommandLineParser &parser)
 
 QString cPlot::readOptions(const QCommandLineParser &parser)
 {
-    m_inputs = archiveIds();
     return m_targets.read(parser, archives());
 }
 
-QString cPlot::process(const QString &archive)
+RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
 {
-    const QString name = m_targets.nameFor(archive, u".svg"_s);
-    cOutputFile output(name, m_targets.overwrite(), m_inputs);
+    RESULT_T result;
+    const auto output = m_targets.open(archive, u".svg"_s, inputs());
+    result.files = {output};
+    if (!output->error().isEmpty())
+        return result;
+
     cTrackReader reader;
     cHdrTxts texts;
-    cTrackPicture picture(displayName(QFileInfo(archive).fileName(), u"standard input"_s));
+    cTrackPicture picture(displayName(QFileInfo(archive.name).fileName(), u"standard input"_s));
     QObject::connect(&reader.parser(), SIGNAL(signal_Data(HDR_T)), &texts, SLOT(slot_Data(HDR_T)));
     QObject::connect(&texts, SIGNAL(signal_Data(int, QString)), &picture,
                      SLOT(slot_Data(int, QString)));
     QObject::connect(&reader.nmea(), SIGNAL(signal_Data(nmea_data)), &picture,
                      SLOT(slot_Data(nmea_data)));
-    if (output.error().isEmpty()) {
-        QString failure = reader.read(archive, !m_targets.quiet());
-        if (failure.isEmpty())
-            failure = whyNoTrack(reader.parser().account(), reader.stats());
-        if (failure.isEmpty() && reader.stats().located() == 0)
-            failure = u"it has no point with a position"_s;
-        if (!failure.isEmpty())
-            return failure;
-        output.slot_Data(picture.svg(reader.stats()));
-    }
-    const QString amount = u"%1 points"_s.arg(reader.stats().points());
-    return m_targets.conclude(archive, name, output,
-                              trackSummary(amount, reader.stats(), reader.parser().account()));
+    const cTrackStats &stats = reader.stats();
+    result.failure = reader.read(archive.name, progress);
+    const ACCOUNT_T account = reader.parser().account();
+    if (result.failure.isEmpty())
+        result.failure = whyNoTrack(account, stats);
+    if (result.failure.isEmpty() && stats.located() == 0)
+        result.failure = u"no point has a position"_s;
+    if (!result.failure.isEmpty())
+        return result;
+    output->slot_Data(picture.svg(stats));
+    output->finish();
+    result.summary = trackSummary(counted(stats.points(), "point"), stats, account, output->name());
+    return result;
 }

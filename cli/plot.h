@@ -4,7 +4,7 @@
 #include "cli/command.h"
 #include "cli/targets.h"
 
-// `vrk3 plot`: the tracks of archives as pictures.
+// `vrk3 plot`: draws the tracks of archives as SVG pictures.
 class cPlot : public cCommand
 {
 public:
@@ -13,11 +13,10 @@ public:
 protected:
     void addOptions(QCommandLineParser &parser) override;
     QString readOptions(const QCommandLineParser &parser) override;
-    QString process(const QString &archive) override;
+    RESULT_T process(const ARCHIVE_T &archive, cProgress &progress) const override;
 
 private:
     cTargets m_targets;
-    QList<FILEID_T> m_inputs;
 };
 
 #endif

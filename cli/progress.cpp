@@ -1,20 +1,22 @@
 #include "cli/progress.h"
 
-#include "cli/command.h"
+#include "cli/messages.h"
 
 #include <cstdio>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
-static constexpr qint64 PATIENCE_MS = 1000;
-static constexpr qint64 INTERVAL_MS = 100;
-static constexpr int BAR_WIDTH = 30;
-static constexpr int MAX_NAME_LENGTH = 40; // the line is not to break
+namespace
+{
+constexpr qint64 PATIENCE_MS = 1000;
+constexpr qint64 INTERVAL_MS = 100;
+constexpr int BAR_WIDTH = 30;
+constexpr int MAX_NAME_LENGTH = 40; // so that the line does not wrap
+} // namespace
 
-cProgress::cProgress(const QString &name, qint64 size, bool enabled)
+cProgress::cProgress(const QString &name, bool enabled)
     : m_name(printable(displayName(name, u"standard input"_s)).right(MAX_NAME_LENGTH)),
-      m_size(size),
       m_enabled(enabled && ::isatty(STDERR_FILENO) == 1),
       m_nextShow(PATIENCE_MS)
 {
@@ -27,14 +29,14 @@ cProgress::~cProgress()
         std::fputs("\r\033[K", stderr);
 }
 
-void cProgress::setPosition(qint64 position)
+void cProgress::setPosition(qint64 position, qint64 size)
 {
     if (!m_enabled || m_timer.elapsed() < m_nextShow)
         return;
     m_nextShow = m_timer.elapsed() + INTERVAL_MS;
     m_shown = true;
-    if (m_size > 0) {
-        const auto percent = int(qMin(position, m_size) * 100 / m_size);
+    if (size > 0) {
+        const auto percent = int(qMin(position, size) * 100 / size);
         const QByteArray bar =
             QByteArray(percent * BAR_WIDTH / 100, '#').leftJustified(BAR_WIDTH, '-');
         std::fprintf(stderr, "\r[%s] %3d%% %s\033[K", bar.constData(), percent, qPrintable(m_name));

@@ -4,23 +4,22 @@
 #include <QElapsedTimer>
 #include <QString>
 
-// A bar on standard error for work that takes longer than a second. It shows itself on a terminal
-// only, and the destructor wipes it away.
+// A progress bar on standard error for work that takes longer than a second. It appears only on a
+// terminal; the destructor erases it.
 class cProgress
 {
 public:
-    // name is the input's, "-" included. size is what position goes up to; 0 if nobody knows, then
-    // the bytes read are told instead.
-    cProgress(const QString &name, qint64 size, bool enabled);
+    // name is the input's, possibly "-". A disabled bar never appears.
+    cProgress(const QString &name, bool enabled);
     ~cProgress();
     Q_DISABLE_COPY_MOVE(cProgress)
 
-    // Cheap enough for every block.
-    void setPosition(qint64 position);
+    // Moves the bar to position of size bytes. If size is 0, the size is unknown and the bytes read
+    // are shown instead. Cheap enough to call for every block.
+    void setPosition(qint64 position, qint64 size);
 
 private:
     QString m_name;
-    qint64 m_size = 0;
     bool m_enabled = false;
     bool m_shown = false;
     qint64 m_nextShow = 0; // in milliseconds of m_timer

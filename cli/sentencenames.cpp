@@ -3,14 +3,17 @@
 #include <algorithm>
 #include <cstring>
 
-static constexpr qsizetype MAX_NAME_LENGTH = 8;
+namespace
+{
+constexpr qsizetype MAX_NAME_LENGTH = 8;
 
-cSentenceNames::cSentenceNames(QObject *parent) : QObject(parent) {}
-
-static bool _isNameCharacter(char c)
+bool _isNameCharacter(char c)
 {
     return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
 }
+} // namespace
+
+cSentenceNames::cSentenceNames(QObject *parent) : QObject(parent) {}
 
 void cSentenceNames::slot_Data(const QByteArray &a)
 {
@@ -26,14 +29,14 @@ void cSentenceNames::slot_Data(const QByteArray &a)
             m_name.append(*p);
         } else if (*p != '\r' && *p != '\n') {
             _endName();
-            m_inName = *p == '$'; // which begins the next one
+            m_inName = *p == '$'; // this one starts the next sentence
         }
     }
 }
 
 void cSentenceNames::_endName()
 {
-    // The decoder goes by the first five letters and counts these itself.
+    // The decoder compares only the first five letters, and counts these sentences itself.
     const auto isRead = [this](const char *known) { return m_name.startsWith(known); };
     const bool isName = !m_name.isEmpty() && m_name.size() <= MAX_NAME_LENGTH;
     if (std::none_of(NAMES_READ.begin(), NAMES_READ.end(), isRead)) {

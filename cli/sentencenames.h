@@ -9,12 +9,11 @@
 
 #include <array>
 
-// What the decoder reads, in the order of its account.
+// The sentences that the decoder reads, in the order of its account.
 inline constexpr std::array<const char *, NMEA_KINDS> NAMES_READ = {"GPGGA", "GPRMC", "PGRME"};
 
-// Counts the sentences of a receiver's text that the decoder does not read, by their names. It
-// follows the decoder's view of the text: line ends count nowhere, and a chunk is read up to its
-// first zero byte.
+// Counts by name the sentences that the decoder does not read. It splits the text as the decoder
+// does: line ends are ignored, and a chunk ends at its first zero byte.
 class cSentenceNames : public QObject
 {
     Q_OBJECT
@@ -22,12 +21,12 @@ class cSentenceNames : public QObject
 public:
     explicit cSentenceNames(QObject *parent = nullptr);
 
-    // Up to MAX_NAMES names with their counts.
+    // The counts of up to MAX_NAMES names.
     const QMap<QByteArray, qint64> &counts() const { return m_counts; }
-    // Sentences of other names, and those whose name is no name.
+    // Sentences with any further name or without a proper one.
     qint64 others() const { return m_others; }
 
-    // Noise has any number of names.
+    // Noise can contain any number of names.
     static constexpr qsizetype MAX_NAMES = 64;
 
 public Q_SLOTS:

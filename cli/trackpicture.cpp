@@ -1,7 +1,8 @@
 #include "cli/trackpicture.h"
 
 #include "archive/hdrtxts.h"
-#include "cli/command.h"
+#include "cli/messages.h"
+#include "cli/summary.h"
 
 #include <algorithm>
 #include <array>
@@ -12,43 +13,45 @@
 
 using namespace Qt::StringLiterals;
 
-// Sizes in picture units, of which a screen shows one as a pixel.
-static constexpr double WIDTH = 960;
-static constexpr double MARGIN = 24;
-static constexpr double HEADING_HEIGHT = 92;
-static constexpr double FOOTING_HEIGHT = 64;
-static constexpr double PANEL_PADDING = 48;
-static constexpr double MIN_PANEL_HEIGHT = 260;
-static constexpr double MAX_PANEL_HEIGHT = 800;
-static constexpr double MAX_SCALE_BAR = 220;
-static constexpr double LINE_STEP = 0.7; // nearer points are not drawn one by one
-static constexpr int MAX_TITLE_LENGTH = 60;
+namespace
+{
+// Sizes in picture units. Screens show a unit as a pixel.
+constexpr double WIDTH = 960;
+constexpr double MARGIN = 24;
+constexpr double HEADING_HEIGHT = 92;
+constexpr double FOOTING_HEIGHT = 64;
+constexpr double PANEL_PADDING = 48;
+constexpr double MIN_PANEL_HEIGHT = 260;
+constexpr double MAX_PANEL_HEIGHT = 800;
+constexpr double MAX_SCALE_BAR = 220;
+constexpr double LINE_STEP = 0.7; // closer points are merged
+constexpr int MAX_TITLE_LENGTH = 60;
 
-static constexpr double METRES_A_DEGREE = 6371008.8 * std::numbers::pi / 180;
-static constexpr double MIN_EXTENT = 50; // metres: a car that stands does not fill the picture
-static constexpr double METRES_A_KILOMETRE = 1000;
+constexpr double METRES_PER_DEGREE = EARTH_RADIUS * std::numbers::pi / 180;
+constexpr double MIN_EXTENT = 50; // metres; a parked car must not fill the picture
+constexpr double METRES_PER_KILOMETRE = 1000;
 
-static constexpr const char *INK = "#1f2933";
-static constexpr const char *FAINT_INK = "#52606d";
-static constexpr const char *TRACK = "#1d5fd1";
-static constexpr const char *START = "#1a7f37";
-static constexpr const char *END = "#c4242b";
+constexpr const char *INK = "#1f2933";
+constexpr const char *FAINT_INK = "#52606d";
+constexpr const char *TRACK = "#1d5fd1";
+constexpr const char *START = "#1a7f37";
+constexpr const char *END = "#c4242b";
 
 using attributes = std::initializer_list<std::pair<const char *, QString>>;
 
-static QString _number(double value)
+QString _number(double value)
 {
     return QString::number(value, 'f', 1);
 }
 
-static void _element(QXmlStreamWriter &svg, const char *name, const attributes &list)
+void _element(QXmlStreamWriter &svg, const char *name, const attributes &list)
 {
     svg.writeEmptyElement(QLatin1String(name));
     for (const auto &[key, value] : list)
         svg.writeAttribute(QLatin1String(key), value);
 }
 
-static void _text(QXmlStreamWriter &svg, QPointF at, const QString &text, const attributes &list)
+void _text(QXmlStreamWriter &svg, QPointF at, const QString &text, const attributes &list)
 {
     svg.writeStartElement(u"text"_s);
     svg.writeAttribute(u"x"_s, _number(at.x()));
@@ -59,23 +62,23 @@ static void _text(QXmlStreamWriter &svg, QPointF at, const QString &text, const 
     svg.writeEndElement();
 }
 
-static QString _lengthText(double metres)
+QString _lengthText(double metres)
 {
-    if (metres < METRES_A_KILOMETRE)
+    if (metres < METRES_PER_KILOMETRE)
         return u"%1 m"_s.arg(std::round(metres));
-    return u"%1 km"_s.arg(metres / METRES_A_KILOMETRE, 0, 'f',
-                          metres < 100 * METRES_A_KILOMETRE ? 2 : 0);
+    return u"%1 km"_s.arg(metres / METRES_PER_KILOMETRE, 0, 'f',
+                          metres < 100 * METRES_PER_KILOMETRE ? 2 : 0);
 }
 
-// The greatest of 1, 2, 5, 10, ... that is not above the limit, for limits from 1 on.
-static double _roundBelow(double limit)
+// The greatest of 1, 2, 5, 10, 20, ... up to the limit, which is at least 1.
+double _roundBelow(double limit)
 {
     const double power = std::pow(10, std::floor(std::log10(limit)));
     const double lead = limit / power;
     return power * (lead >= 5 ? 5 : lead >= 2 ? 2 : 1);
 }
 
-static void _drawHeading(QXmlStreamWriter &svg, const QString &title, const cTrackStats &stats)
+void _drawHeading(QXmlStreamWriter &svg, const QString &title, const cTrackStats &stats)
 {
     const QString shown =
         title.size() > MAX_TITLE_LENGTH ? title.left(MAX_TITLE_LENGTH - 1) + QChar(0x2026) : title;
@@ -86,22 +89,23 @@ static void _drawHeading(QXmlStreamWriter &svg, const QString &title, const cTra
           {{"font-size", u"16"_s}, {"fill", QLatin1String(FAINT_INK)}});
 }
 
-static void _drawScaleBar(QXmlStreamWriter &svg, QPointF at, double metresAUnit)
+void _drawScaleBar(QXmlStreamWriter &svg, QPointF at, double metresPerUnit)
 {
-    const double metres = _roundBelow(MAX_SCALE_BAR * metresAUnit);
-    const double length = metres / metresAUnit;
+    const double metres = _roundBelow(MAX_SCALE_BAR * metresPerUnit);
+    const double length = metres / metresPerUnit;
     _element(svg, "path",
              {{"d", u"M%1 %2v8h%3v-8"_s.arg(_number(at.x()), _number(at.y() - 8), _number(length))},
               {"fill", u"none"_s},
               {"stroke", QLatin1String(INK)},
               {"stroke-width", u"2"_s}});
-    const QString text = metres < METRES_A_KILOMETRE ? u"%1 m"_s.arg(metres)
-                                                     : u"%1 km"_s.arg(metres / METRES_A_KILOMETRE);
+    const QString text = metres < METRES_PER_KILOMETRE
+                             ? u"%1 m"_s.arg(metres)
+                             : u"%1 km"_s.arg(metres / METRES_PER_KILOMETRE);
     _text(svg, {at.x() + length + 12, at.y() + 1}, text,
           {{"font-size", u"16"_s}, {"fill", QLatin1String(INK)}});
 }
 
-static void _drawNorth(QXmlStreamWriter &svg, QPointF at)
+void _drawNorth(QXmlStreamWriter &svg, QPointF at)
 {
     _element(svg, "path",
              {{"d", u"M%1 %2l7 20l-7 -5l-7 5z"_s.arg(_number(at.x()), _number(at.y() - 20))},
@@ -109,6 +113,8 @@ static void _drawNorth(QXmlStreamWriter &svg, QPointF at)
     _text(svg, {at.x() - 14, at.y() - 2}, u"N"_s,
           {{"font-size", u"16"_s}, {"text-anchor", u"end"_s}, {"fill", QLatin1String(INK)}});
 }
+
+} // namespace
 
 cTrackPicture::cTrackPicture(QString name, QObject *parent)
     : QObject(parent), m_title(std::move(name))
@@ -137,7 +143,7 @@ QPointF cTrackPicture::VIEW_T::at(double lat, double lon) const
     return {area.left() + (lon - west) * xScale, area.top() + (north - lat) * yScale};
 }
 
-// The same number of metres for a unit in both directions, true in the track's middle latitude.
+// Both axes have the same scale, which is exact at the middle latitude of the track.
 cTrackPicture::VIEW_T cTrackPicture::_view() const
 {
     const auto byLat = [](const POINT_T &a, const POINT_T &b) { return a.lat < b.lat; };
@@ -146,25 +152,25 @@ cTrackPicture::VIEW_T cTrackPicture::_view() const
     const auto [west, east] = std::minmax_element(m_points.begin(), m_points.end(), byLon);
     const double middle = (south->lat + north->lat) / 2;
     const double lonMetres =
-        METRES_A_DEGREE * std::max(std::cos(middle * std::numbers::pi / 180), 0.01);
+        METRES_PER_DEGREE * std::max(std::cos(middle * std::numbers::pi / 180), 0.01);
     const double width = (east->lon - west->lon) * lonMetres;
-    const double height = (north->lat - south->lat) * METRES_A_DEGREE;
+    const double height = (north->lat - south->lat) * METRES_PER_DEGREE;
 
     const double areaWidth = WIDTH - 2 * (MARGIN + PANEL_PADDING);
     const double areaHeight = MAX_PANEL_HEIGHT - 2 * PANEL_PADDING;
     VIEW_T view;
-    view.metresAUnit = std::max({width / areaWidth, height / areaHeight, MIN_EXTENT / areaWidth});
-    view.xScale = lonMetres / view.metresAUnit;
-    view.yScale = METRES_A_DEGREE / view.metresAUnit;
+    view.metresPerUnit = std::max({width / areaWidth, height / areaHeight, MIN_EXTENT / areaWidth});
+    view.xScale = lonMetres / view.metresPerUnit;
+    view.yScale = METRES_PER_DEGREE / view.metresPerUnit;
     view.area = QRectF(MARGIN + PANEL_PADDING, HEADING_HEIGHT + PANEL_PADDING, areaWidth,
-                       std::max(height / view.metresAUnit, MIN_PANEL_HEIGHT - 2 * PANEL_PADDING));
+                       std::max(height / view.metresPerUnit, MIN_PANEL_HEIGHT - 2 * PANEL_PADDING));
     // The track in the middle of the area.
-    view.west = west->lon - (areaWidth - width / view.metresAUnit) / 2 / view.xScale;
-    view.north = north->lat + (view.area.height() - height / view.metresAUnit) / 2 / view.yScale;
+    view.west = west->lon - (areaWidth - width / view.metresPerUnit) / 2 / view.xScale;
+    view.north = north->lat + (view.area.height() - height / view.metresPerUnit) / 2 / view.yScale;
     return view;
 }
 
-// Longer than this between two points, and the receiver was silent or had no fix.
+// The time between two points, in seconds, from which on the receiver counts as silent.
 double cTrackPicture::_longestPause() const
 {
     constexpr double shortest = 10; // seconds
@@ -182,7 +188,7 @@ double cTrackPicture::_longestPause() const
     return std::max(shortest, usualPauses * *middle);
 }
 
-// The line through all points, broken where a pause is longer than told.
+// The line through all points, interrupted by pauses longer than longestPause.
 QString cTrackPicture::_path(const VIEW_T &view, double longestPause) const
 {
     QString path;
@@ -221,8 +227,8 @@ void cTrackPicture::_drawTrack(QXmlStreamWriter &svg, const VIEW_T &view) const
     draw(line, TRACK, "3.5", "none");
 }
 
-// A place for a text of that size near a point: where it covers the least of the track, and nothing
-// of what is taken already.
+// Finds a place near a point for a text of this size that covers as little of the track as possible
+// and does not touch the taken rectangle.
 QRectF cTrackPicture::_placeFor(QSizeF size, QPointF point, const VIEW_T &view,
                                 const QRectF &taken) const
 {
@@ -323,7 +329,7 @@ QByteArray cTrackPicture::svg(const cTrackStats &stats) const
     _drawTrack(svg, view);
     _drawEnds(svg, view, stats);
     const double footing = panel.bottom() + FOOTING_HEIGHT / 2 + 8;
-    _drawScaleBar(svg, {MARGIN, footing}, view.metresAUnit);
+    _drawScaleBar(svg, {MARGIN, footing}, view.metresPerUnit);
     _drawNorth(svg, {WIDTH - MARGIN - 8, footing});
     svg.writeEndDocument();
     return bytes;

@@ -12,37 +12,36 @@
 // Draws a track as SVG: its shape in true proportion, north up, with start, end, scale, title,
 // length and time span. Connect the decoder's signal and that of the header texts.
 //
-// Points without a position that counts are left out. The positions are kept until the picture is
-// drawn.
+// Points without a usable position are left out. All positions are kept in memory.
 class cTrackPicture : public QObject
 {
     Q_OBJECT
 
 public:
-    // The name is the picture's title if the archive has none.
+    // name becomes the title of the picture if the archive has none.
     explicit cTrackPicture(QString name, QObject *parent = nullptr);
 
-    // The picture of all points up to now, of which there must be one at least; stats are theirs.
+    // Draws all points so far, at least one. stats must be about the same points.
     QByteArray svg(const cTrackStats &stats) const;
 
 public Q_SLOTS:
     void slot_Data(const nmea_data &n);
-    // A numbered text of the archive's header; the first title counts, all others are ignored.
+    // Takes a numbered text of a header. Uses the first title and ignores everything else.
     void slot_Data(int what, const QString &s);
 
 private:
     struct POINT_T {
         double lat;
-        double lon;  // counted on over full turns
+        double lon;  // continuous across full turns
         double time; // seconds since 1970
     };
-    // From positions to the picture.
+    // Maps positions to the picture.
     struct VIEW_T {
         double west = 0;
         double north = 0;
-        double xScale = 0; // picture units a degree
+        double xScale = 0; // picture units per degree
         double yScale = 0;
-        double metresAUnit = 0;
+        double metresPerUnit = 0;
         QRectF area; // of the track
         QPointF at(double lat, double lon) const;
     };

@@ -1,7 +1,7 @@
 #include "cli/trackreader.h"
 
 #include "cli/inputfile.h"
-#include "cli/progress.h"
+#include "cli/pump.h"
 
 cTrackReader::cTrackReader()
 {
@@ -15,14 +15,9 @@ cTrackReader::cTrackReader()
     connect(m_nmea, SIGNAL(signal_Data(nmea_data)), m_stats, SLOT(slot_Data(nmea_data)));
 }
 
-QString cTrackReader::read(const QString &archive, bool showProgress)
+QString cTrackReader::read(const QString &archive, cProgress &progress)
 {
     cInputFile input(archive);
-    cProgress progress(archive, input.size(), showProgress);
-    QByteArray block;
-    while (input.next(block)) {
-        m_parser.slot_Data(block);
-        progress.setPosition(input.position());
-    }
+    pump(input, m_parser, progress);
     return input.error();
 }

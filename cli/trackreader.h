@@ -2,20 +2,20 @@
 #define TRACKREADER_H
 
 #include "archive/vrk3parser.h"
+#include "cli/progress.h"
 #include "cli/trackstats.h"
 #include "gps/gpsraw.h"
 #include "gps/nmea.h"
 
-// The chain without a writer, for who wants to know what is in an archive: whatever else is to be
-// told is connected to its signals.
+// The chain without a writer, for commands that inspect an archive. Connect to the signals of its
+// parts to collect more.
 class cTrackReader
 {
 public:
     cTrackReader();
 
-    // Reads an archive whole, with a bar on standard error if showProgress is set. Gives why that
-    // failed; empty if it did not.
-    QString read(const QString &archive, bool showProgress);
+    // Reads an archive completely. Returns an error message, empty on success.
+    QString read(const QString &archive, cProgress &progress);
 
     const cVrk3Parser &parser() const { return m_parser; }
     const cGpsRaw &raw() const { return m_raw; }

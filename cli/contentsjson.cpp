@@ -1,0 +1,115 @@
+#include "cli/contentsjson.h"
+
+#include "cli/contents.h"
+#include "cli/summary.h"
+
+#include <QJsonArray>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr double METRES_PER_KILOMETRE = 1000;
+
+QJsonArray _streams(const cContents &contents)
+{
+    QJsonArray streams;
+    for (const cContents::STREAM_COUNT_T &count : contents.streams()) {
+        const STREAM_T &s = count.stream;
+        const QJsonArray texts{decodeString(s.textA), decodeString(s.textB), decodeString(s.textC)};
+        streams.append(QJsonObject{{u"id"_s, s.id},
+                                   {u"type"_s, s.type},
+                                   {u"texts"_s, texts},
+                                   {u"blocks"_s, count.blocks},
+                                   {u"bytes"_s, count.bytes}});
+    }
+    return streams;
+}
+
+QJsonObject _sentences(const NMEA_ACCOUNT_T &account)
+{
+    QJsonObject sentences;
+    for (size_t kind = 0; kind < NMEA_KINDS; ++kind)
+        sentences[QLatin1String(NAMES_READ.at(kind))] =
+            QJsonObject{{u"accepted"_s, account.accepted.at(kind)},
+                        {u"badChecksum"_s, account.badChecksum.at(kind)},
+                        {u"tooFewFields"_s, account.tooFewFields.at(kind)},
+                        {u"malformed"_s, account.malformed.at(kind)}};
+    return sentences;
+}
+
+QJsonObject _gps(const cContents &contents)
+{
+    const cSentenceNames &names = contents.unread();
+    QJsonObject unread;
+    for (auto it = names.counts().cbegin(); it != names.counts().cend(); ++it)
+        unread[QLatin1String(it.key())] = it.value();
+    const cTrackStats &stats = contents.stats();
+    QJsonObject gps{{u"blocks"_s, stats.textBlocks()},
+                    {u"bytes"_s, stats.textBytes()},
+                    {u"sentences"_s, _sentences(contents.sentences())},
+                    {u"unread"_s, unread},
+                    {u"unreadOtherNames"_s, names.others()},
+                    {u"points"_s, stats.points()},
+                    {u"located"_s, stats.located()},
+                    {u"first"_s, QJsonValue::Null},
+                    {u"last"_s, QJsonValue::Null},
+                    {u"box"_s, QJsonValue::Null},
+                    {u"kilometres"_s, stats.metres() / METRES_PER_KILOMETRE}};
+    if (stats.located() > 0) {
+        const auto timeOrNull = [](const nmea_data &n) {
+            const QString time = pointTime(n);
+            return time.isEmpty() ? QJsonValue() : QJsonValue(time);
+        };
+        gps[u"first"_s] = timeOrNull(stats.first());
+        gps[u"last"_s] = timeOrNull(stats.last());
+        gps[u"box"_s] = QJsonObject{{u"south"_s, stats.south()},
+                                    {u"west"_s, stats.west()},
+                                    {u"north"_s, stats.north()},
+                                    {u"east"_s, stats.east()}};
+    }
+    return gps;
+}
+
+QJsonObject _bytes(const ACCOUNT_T &account)
+{
+    return {{u"total"_s, account.received},
+            {u"hdr"_s, account.hdr},
+            {u"idx"_s, account.idx},
+            {u"heads"_s, account.heads},
+            {u"delivered"_s, account.delivered},
+            {u"skipped"_s, account.scanned},
+            {u"lost"_s, account.lost},
+            {u"unfinished"_s, account.unfinished},
+            {u"incomplete"_s, account.buffered}};
+}
+
+QJsonObject _damage(const ACCOUNT_T &account)
+{
+    QJsonArray stretches;
+    for (const STRETCH_T &stretch : account.stretches)
+        stretches.append(QJsonObject{{u"offset"_s, stretch.offset}, {u"length"_s, stretch.length}});
+    return {{u"stretches"_s, account.stretchCount},
+            {u"firstStretches"_s, stretches},
+            {u"lostBlocks"_s, account.lostBlocks},
+            {u"unfinishedBlocks"_s, account.unfinishedBlocks}};
+}
+} // namespace
+
+QJsonObject contentsJson(const cContents &contents)
+{
+    QJsonObject texts;
+    const QMap<int, QString> &byTag = contents.texts();
+    for (auto it = byTag.cbegin(); it != byTag.cend(); ++it)
+        texts[QString::number(it.key())] = it.value();
+    const ACCOUNT_T account = contents.account();
+    return {{u"file"_s, contents.archive()},
+            {u"titles"_s, QJsonArray::fromStringList(contents.titles())},
+            {u"texts"_s, texts},
+            {u"hdrRecords"_s, contents.hdrRecords()},
+            {u"idxRecords"_s, contents.idxRecords()},
+            {u"streams"_s, _streams(contents)},
+            {u"gps"_s, _gps(contents)},
+            {u"bytes"_s, _bytes(account)},
+            {u"damage"_s, _damage(account)}};
+}

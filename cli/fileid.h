@@ -1,0 +1,34 @@
+#ifndef FILEID_H
+#define FILEID_H
+
+#include <QHashFunctions>
+#include <QSet>
+#include <QString>
+
+#include <sys/stat.h>
+
+// The name that means standard input or output.
+inline const QString STANDARD_STREAM = QStringLiteral("-");
+
+// Identifies a file independently of its name.
+struct FILEID_T {
+    dev_t device = 0;
+    ino_t inode = 0;
+    bool operator==(const FILEID_T &) const = default;
+};
+
+inline size_t qHash(const FILEID_T &id, size_t seed = 0)
+{
+    return qHashMulti(seed, id.device, id.inode);
+}
+
+// Fills in status for the named file, following links; for "-", for the descriptor
+// standardStream. Returns false and leaves the reason in errno if that fails.
+bool fileStatus(const QString &name, int standardStream, struct stat &status);
+
+inline FILEID_T fileId(const struct stat &status)
+{
+    return {status.st_dev, status.st_ino};
+}
+
+#endif

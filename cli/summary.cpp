@@ -1,0 +1,62 @@
+#include "cli/summary.h"
+
+#include "cli/messages.h"
+#include "gps/tracktext.h"
+
+using namespace Qt::StringLiterals;
+
+QString whyNoArchive(const ACCOUNT_T &account)
+{
+    if (account.received == 0)
+        return u"it is empty"_s;
+    if (account.hdr == 0)
+        return u"not a VRK3 archive, or its header is missing"_s;
+    return {};
+}
+
+QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats)
+{
+    QString reason = whyNoArchive(account);
+    if (reason.isEmpty() && stats.textBlocks() == 0)
+        return u"it contains no GPS data"_s;
+    return reason;
+}
+
+QString pointTime(const nmea_data &n)
+{
+    cLocalClock clock;
+    const cLocalClock::CIVIL *const t = clock.civil(nearestSecond(n));
+    if (!t)
+        return {};
+    return QString::asprintf("%04d-%02d-%02dT%02d:%02d:%02dZ", t->year, t->month, t->day, t->hour,
+                             t->minute, t->second);
+}
+
+QString timeSpan(const cTrackStats &stats, bool withDate)
+{
+    constexpr int dateLength = 10;
+    QString first = pointTime(stats.first());
+    QString last = pointTime(stats.last());
+    if (first.isEmpty() || last.isEmpty())
+        return u"times unknown"_s;
+    const QString date = first.left(dateLength);
+    const bool sameDay = last.startsWith(date);
+    for (QString *time : {&first, &last}) {
+        time->chop(1); // the Z
+        if (sameDay)
+            time->remove(0, dateLength + 1);
+        else
+            time->replace(dateLength, 1, u' ');
+    }
+    const QString span = u"%1 to %2 UTC"_s.arg(first, last);
+    return sameDay && withDate ? date + u", "_s + span : span;
+}
+
+QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCOUNT_T &account,
+                     const QString &output)
+{
+    const QString span = stats.located() > 0 ? timeSpan(stats) + u", "_s : QString();
+    const qint64 used = account.hdr + account.idx + account.heads + account.delivered;
+    return u"%1, %2%3 skipped -> %4"_s.arg(amount, span, counted(account.received - used, "byte"),
+                                           displayName(output, u"standard output"_s));
+}

@@ -1,0 +1,30 @@
+#ifndef SUMMARY_H
+#define SUMMARY_H
+
+#include "archive/vrk3parser.h"
+#include "cli/trackstats.h"
+
+#include <QString>
+
+// What the commands report about tracks, as texts for people.
+
+// Why a file that was read completely is not an archive; empty if it is one.
+QString whyNoArchive(const ACCOUNT_T &account);
+
+// Why an archive that was read completely has no track; empty if it has one.
+QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats);
+
+// The time of a point as in a GPX file, "2011-03-23T12:01:07Z"; empty if the year does not have
+// four digits.
+QString pointTime(const nmea_data &n);
+
+// "12:01:07 to 13:20:44 UTC", with dates if they differ or withDate is set. At least one point must
+// have a position.
+QString timeSpan(const cTrackStats &stats, bool withDate = false);
+
+// "1234 points, 12:01:07 to 13:20:44 UTC, 56 bytes skipped -> a.gpx", where amount is the first
+// part and output the name of the file or "-". The bytes skipped are all that were of no use.
+QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCOUNT_T &account,
+                     const QString &output);
+
+#endif
