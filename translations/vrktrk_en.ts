@@ -35,7 +35,7 @@
     </message>
     <message>
         <source>Выберите этот вормат для передачи данных GPS в программу OziExplorer</source>
-        <translation>Choose this format to take the GPS data to OziExplorer</translation>
+        <translation>Choose this format to use the GPS data in OziExplorer</translation>
     </message>
     <message>
         <source>OziExplorer track (.plt)</source>
@@ -43,7 +43,7 @@
     </message>
     <message>
         <source>В выходной файл будут записаны все сообщения полученные от пиёмника GPS, содержащиеся в архиве.</source>
-        <translation>The output file will hold every message of the GPS receiver that the archive contains.</translation>
+        <translation>The output file will contain every GPS receiver message in the archive.</translation>
     </message>
     <message>
         <source>Полные данные GPS (.txt)</source>
@@ -51,7 +51,7 @@
     </message>
     <message>
         <source>Формат, специально предназначенный для обмена GPS данными между программами.&lt;br&gt;Совместим с наибольшим числом программ.</source>
-        <translation>A format made for the exchange of GPS data between programs.&lt;br&gt;Works with the largest number of programs.</translation>
+        <translation>A format designed for exchanging GPS data between programs.&lt;br&gt;Supported by more programs than any other.</translation>
     </message>
     <message>
         <source>GPS Exchange Format (.gpx)</source>
@@ -59,7 +59,7 @@
     </message>
     <message>
         <source>Выберите этот формат для просмотра полученного GPS трека в программе GoogleEarth или на сайте https://maps.google.com/</source>
-        <translation>Choose this format to view the GPS track in GoogleEarth or at https://maps.google.com/</translation>
+        <translation>Choose this format to view the GPS track in Google Earth or at https://maps.google.com/</translation>
     </message>
     <message>
         <source>GoogleEarth KML (.kml)</source>
@@ -67,7 +67,7 @@
     </message>
     <message>
         <source>&lt;b&gt;Выберите формат GPS трека для сохранения&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;Необходимый формат сохранения зависит от используемого Вами ПО. Пожалуйста проверьте допустимые для Вашего ПО  форматы в его инструкции.&lt;/font&gt;</source>
-        <translation>&lt;b&gt;Choose the format to save the GPS track in&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;Which format you need depends on the software you use. Please check its manual for the formats that it accepts.&lt;/font&gt;</translation>
+        <translation>&lt;b&gt;Choose a format for the GPS track&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;The right format depends on the software you use. Check its manual for the formats it can read.&lt;/font&gt;</translation>
     </message>
 </context>
 <context>

@@ -59,7 +59,7 @@
     </message>
     <message>
         <source>Выберите этот формат для просмотра полученного GPS трека в программе GoogleEarth или на сайте https://maps.google.com/</source>
-        <translation>Выберите этот формат для просмотра полученного трека GPS в программе GoogleEarth или на сайте https://maps.google.com/</translation>
+        <translation>Выберите этот формат для просмотра полученного трека GPS в программе Google Earth или на сайте https://maps.google.com/</translation>
     </message>
     <message>
         <source>GoogleEarth KML (.kml)</source>

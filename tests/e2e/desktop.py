@@ -16,7 +16,7 @@ and name over the accessibility bus, and everything waits for what it needs: the
 tune. Where a wait ends in vain, the message lists the widgets that were there, and a picture of the
 screen lies in the working directory, its name in the message too.
 
-The program runs under de_DE, for which there is no translation: the texts are those of the sources.
+The program runs in English unless a test asks for another language.
 As root it runs without root's power over files, so that an unreadable file is one.
 
 Environment: VRKTRK_PROGRAM, the program to test.
@@ -60,7 +60,7 @@ class Desktop:
     def _start(self, size):
         for name in "DISPLAY", "WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORM":
             os.environ.pop(name, None)
-        os.environ.update(XDG_RUNTIME_DIR=self.runtime.name, LANG="de_DE.UTF-8", LC_ALL="",
+        os.environ.update(XDG_RUNTIME_DIR=self.runtime.name, LANG="en_US.UTF-8", LC_ALL="",
                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._serve(
             "dbus-daemon", "--session", "--nofork", "--print-address={ready}")

@@ -57,7 +57,7 @@ class SettingsTest(desktop.Case):
 
     def test_comes_back_as_it_was(self):
         first, moved = "100 100 480 220", "210 133 515 301"
-        maximise, restore = ("Развернуть", "Восстановить"), ("Восстановить", "Развернуть")
+        maximise, restore = ("Maximize", "Restore"), ("Restore", "Maximize")
         for act, stored in ((stands(first), first + " false"), (move(moved), moved + " false"),
                             (toggle(*maximise), moved + " true"),
                             (stands("0 0 1280 1024"), moved + " true"),
@@ -120,15 +120,35 @@ class SettingsTest(desktop.Case):
         self.session(look)
 
     def test_languages(self):
-        """The program's own texts and Qt's, and a format told by its translated text."""
-        for language, gpx, save, cancel in (
-                ("en_US", "GPS Exchange Format (.gpx)", "Save", "Cancel"),
-                ("ru_RU", "Формат GPX (.gpx)", "Сохранить", "Отмена")):
-            with self.start("a.vrk3", LANG=language + ".UTF-8") as program:
+        """The program's texts and Qt's, and Cyrillic letters only where they belong. Nobody has
+        translated the program for C, Greek and Finnish; Qt knows Finnish."""
+        english = "GPS Exchange Format (.gpx)", "Save"
+        for locale, gpx, save, cancel in (
+                ("C", *english, "Cancel"), ("el_GR", *english, "Cancel"), ("fi_FI", *english, "Peru"),
+                ("ru_RU", "Формат GPX (.gpx)", "Сохранить", "Отмена"),
+                ("uk_UA", "Формат GPX (.gpx)", "Зберегти", "Скасувати"),
+                ("de_AT", "GPX-Format (.gpx)", "Speichern", "Abbrechen"),
+                ("fr_FR", "Format GPX (.gpx)", "Enregistrer", "Annuler"),
+                ("es_ES", "Formato GPX (.gpx)", "Guardar", "Cancelar"),
+                ("it_IT", "Formato GPX (.gpx)", "Salva", "Annulla"),
+                ("pt_BR", "Formato GPX (.gpx)", "Salvar", "Cancelar"),
+                ("pl_PL", "Format GPX (.gpx)", "Zapisz", "Anuluj"),
+                ("cs_CZ", "Formát GPX (.gpx)", "Uložit", "Zrušit"),
+                ("tr_TR", "GPX biçimi (.gpx)", "Kaydet", "İptal"),
+                ("zh_CN", "GPX 格式 (.gpx)", "保存", "取消"),
+                ("ja_JP", "GPX 形式 (.gpx)", "保存", "キャンセル")):
+            # Qt takes only the name of the locale, so the data of any other will do.
+            if locale != "C":
+                (self.home / f"{locale}.utf8").symlink_to("/usr/lib/locale/C.utf8")
+            with (self.subTest(locale), self.start("a.vrk3", LANG=f"{locale}.UTF-8",
+                                                   LOCPATH=str(self.home)) as program):
                 program.press("radio button", gpx)
-                program.press("push button", "OK")
+                program.keys("filler", "VrkTrk", "Return")
                 program.find("dialog", save)
                 self.assertEqual(program.find("text").get_text(0, -1), "a.gpx")
+                texts = " ".join(widget.get_name() for _, widget in program.widgets())
+                self.assertEqual(bool(re.search("[а-яё]", texts, re.IGNORECASE)),
+                                 locale in ("ru_RU", "uk_UA"))
                 program.press("push button", cancel)
 
 

@@ -28,8 +28,8 @@ class WaylandTest(desktop.Case):
         with self.start("a.vrk3") as program:
             program.find("push button", "OK")
             desktop.wait_for("the frame on the screen", lambda: self.differs(empty) > 480 * 220 * .9)
-            program.press("push button", "Развернуть")
-            program.press("push button", "Восстановить")
+            program.press("push button", "Maximize")
+            program.press("push button", "Restore")
             program.press("push button", "OK")
             program.fill_in("Save", "out.txt")
         self.assertEqual((self.folder / "out.txt").read_bytes(), TEXT)

@@ -7,7 +7,7 @@ import desktop
 
 # What no chain may touch: line ends of all kinds, zero bytes, both magics, bytes that are no UTF-8.
 TEXT = b"$GPGGA,1*00\r\n\n\r\0\0\xb5\xb5\x05\xb5\x05\xb5\xb5\xb5\xff\xfe" + bytes(range(256)) * 300
-FORMATS = {"txt": "Полные данные GPS (.txt)", "gpx": "GPS Exchange Format (.gpx)",
+FORMATS = {"txt": "Complete GPS data (.txt)", "gpx": "GPS Exchange Format (.gpx)",
            "plt": "OziExplorer track (.plt)", "kml": "GoogleEarth KML (.kml)"}
 
 
@@ -39,7 +39,7 @@ class WindowTest(desktop.Case):
     def test_leaves_without_a_run(self):
         ways = {
             "Cancel": lambda program: program.press("push button", "Cancel"),
-            "close button": lambda program: program.press("push button", "Закрыть"),
+            "close button": lambda program: program.press("push button", "Close"),
             "window manager": lambda program: program.keys("filler", "VrkTrk", "alt+F4"),
             "Escape": lambda program: program.keys("filler", "VrkTrk", "Escape"),
         }
@@ -106,7 +106,7 @@ class WindowTest(desktop.Case):
             file.write(archive())
             file.seek(64 << 30)
             file.write(archive(b"the tail"))
-        dialog = "Извлечение данных GPS"
+        dialog = "Extracting GPS data"
         ways = {
             "Cancel": lambda program: program.press("push button", "Cancel"),
             "Escape": lambda program: program.keys("dialog", dialog, "Escape"),
@@ -215,9 +215,9 @@ class WindowTest(desktop.Case):
             comes_to(170, 140, 510, 240)
             subprocess.run(["xdotool", "mousemove", "250", "155", "click", "--repeat", "2",
                             "--delay", "60", "1"], check=True)
-            program.find("push button", "Восстановить")
+            program.find("push button", "Restore")
             comes_to(0, 0, 1280, 1024)
-            program.press("push button", "Восстановить")
+            program.press("push button", "Restore")
             comes_to(170, 140, 510, 240)
             program.press("push button", "Cancel")
 
