@@ -80,8 +80,24 @@ private Q_SLOTS:
         QCOMPARE(names.join(' '), "Полные данные GPS (.txt) OK Cancel Свернуть Развернуть Закрыть");
     }
 
+    void nothingIsCutOff_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("sources") << QString();
+        const QDir::Filters files = QDir::Files | QDir::NoSymLinks;
+        for (const QString &name : QDir(VRKTRK_QM).entryList({"vrktrk_*.qm"}, files))
+            QTest::newRow(qPrintable(name)) << name.mid(6);
+    }
+
     void nothingIsCutOff()
     {
+        QFETCH(QString, language);
+        QTranslator own, qt;
+        const bool loaded = own.load(VRKTRK_QM "/vrktrk" + language) &&
+                            qt.load(VRKTRK_QM "/qtbase" + language);
+        QCOMPARE(loaded, !language.isEmpty());
+        QCoreApplication::installTranslator(&own);
+        QCoreApplication::installTranslator(&qt);
         for (int points = 9; points <= 11; ++points) {
             QApplication::setFont(QFont(QApplication::font().family(), points));
             init();

@@ -67,7 +67,7 @@
     </message>
     <message>
         <source>&lt;b&gt;Выберите формат GPS трека для сохранения&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;Необходимый формат сохранения зависит от используемого Вами ПО. Пожалуйста проверьте допустимые для Вашего ПО  форматы в его инструкции.&lt;/font&gt;</source>
-        <translation>&lt;b&gt;GPS 軌跡の形式を選択してください&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;必要な形式は、お使いのソフトウェアによって異なります。対応している形式は、ソフトウェアの説明書で確認してください。&lt;/font&gt;</translation>
+        <translation>&lt;b&gt;GPS 軌跡の形式を選択&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;必要な形式は、お使いのソフトウェアによって異なります。対応している形式は、ソフトウェアの説明書で確認してください。&lt;/font&gt;</translation>
     </message>
 </context>
 <context>
