@@ -2,13 +2,15 @@
 
 #include <cstring>
 
+namespace
+{
 // Bytes that one step of the search for a four-byte value covers.
-static constexpr qsizetype SEARCH_STEP = 64;
+constexpr qsizetype SEARCH_STEP = 64;
 
-// Whether a or b begins at one of the SEARCH_STEP bytes from p on. It reads three bytes more.
-// Without branches, so that the compiler makes vector compares of it and no content can slow it
-// down.
-static bool _beginsWithin(const char *p, quint32 a, quint32 b)
+// Whether a or b begins at one of the SEARCH_STEP bytes at p. Reads three bytes more than that.
+// There are no branches, so the compiler can use vector instructions and the time does not depend
+// on the bytes.
+bool _beginsWithin(const char *p, quint32 a, quint32 b)
 {
     const auto byte = [](quint32 value, int i) { return char(value >> (8 * i)); };
     const char a0 = byte(a, 0), a1 = byte(a, 1), a2 = byte(a, 2), a3 = byte(a, 3);
@@ -23,18 +25,18 @@ static bool _beginsWithin(const char *p, quint32 a, quint32 b)
     }
     return hit != 0;
 }
+} // namespace
 
 void cDataSplitter::append(const QByteArray &a)
 {
-    // The consumed bytes go when there are at least as many of them as of the others: so each byte
-    // is moved at most once for each byte consumed, and the buffer keeps its memory.
+    // Consumed bytes are removed once they make up at least half of the buffer. The bytes moved are
+    // then never more than the bytes consumed.
     if (m_head >= size()) {
         const qsizetype rest = size();
         if (rest > 0)
             std::memmove(m_buffer.data(), _front(), size_t(rest));
         m_buffer.resize(rest);
-        m_zeroFreeFrom = qMax<qsizetype>(0, m_zeroFreeFrom - m_head);
-        m_zeroFreeTo = qMax<qsizetype>(0, m_zeroFreeTo - m_head);
+        m_removed += m_head;
         m_head = 0;
     }
     m_buffer.append(a);
@@ -73,9 +75,9 @@ QByteArray cDataSplitter::get_block(int len)
 
 QByteArray cDataSplitter::peek_string(int pos) const
 {
-    const qsizetype end = pos < size() ? find_zero(pos) : pos;
-    require(end + 1);
-    return {_front() + pos, end + 1 - pos};
+    const qsizetype zero = bytes().indexOf('\0', pos);
+    require(zero < 0 ? size() + 1 : zero + 1);
+    return {_front() + pos, zero + 1 - pos};
 }
 
 QByteArray cDataSplitter::get_string(int &pos) const
@@ -92,34 +94,15 @@ QByteArray cDataSplitter::get_string()
     return string;
 }
 
-bool cDataSplitter::string_open(int pos, int limit) const
-{
-    return size() >= limit && (pos >= limit || find_zero(pos) >= limit);
-}
-
-qsizetype cDataSplitter::find_zero(qsizetype pos) const
-{
-    const qsizetype from = m_head + pos;
-    if (from < m_zeroFreeFrom || from > m_zeroFreeTo) {
-        m_zeroFreeFrom = from;
-        m_zeroFreeTo = from;
-    }
-    const char *const data = m_buffer.constData();
-    const void *const zero =
-        std::memchr(data + m_zeroFreeTo, 0, size_t(m_buffer.size() - m_zeroFreeTo));
-    m_zeroFreeTo = zero ? static_cast<const char *>(zero) - data : m_buffer.size();
-    return m_zeroFreeTo - m_head;
-}
-
 qsizetype cDataSplitter::find_quint32(quint32 a, quint32 b, char mark, qsizetype limit) const
 {
     const char *const p = _front();
-    // Four bytes lie behind each offset below.
+    // Every offset below this one is followed by four bytes.
     const qsizetype end = qBound<qsizetype>(0, limit, qMax<qsizetype>(0, size() - 3));
     qsizetype i = 0;
     while (i < end) {
-        // memchr is the fastest way over bytes without a mark. Behind each mark one whole step is
-        // taken, so that text full of marks does not call it for every byte.
+        // memchr is the fastest search through bytes without a mark. Each mark it finds is followed
+        // by a whole step, so that it is not called for every byte of an input full of marks.
         const void *const found = std::memchr(p + i, mark, size_t(end + 3 - i));
         if (!found)
             return end;

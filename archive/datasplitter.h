@@ -2,61 +2,60 @@
 #define DATASPLITTER_H
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QtEndian>
 
-// A growing byte buffer: input is appended at its end in chunks of any size, typed fields are read
-// from its front.
+// A byte buffer. Input is appended in chunks of any size; typed fields are read from the front.
 //
-// Offsets count from the oldest byte not consumed yet. A cursor is an int of the caller's; the
-// `get_` operations that take one move it and leave the bytes where they are. Only skip,
-// get_block(int) and get_string() consume. Whatever is returned is a copy of its own.
+// Offsets count from the oldest byte that has not been consumed. A cursor is an int that the caller
+// owns: the get_ operations that take one advance it and consume nothing. Only skip, get_block(int)
+// and get_string() consume bytes. Everything returned is an independent copy, except bytes().
 //
-// Every read that asks for more bytes than have arrived throws an empty QString and changes
-// nothing, so that the same read can be repeated when more has been appended. Nothing else is ever
-// thrown. Offsets and lengths must not be negative.
+// A read past the end of the buffer throws an empty QString and changes nothing, so the caller can
+// repeat it after more bytes have been appended. Nothing else is ever thrown. Offsets and lengths
+// must not be negative.
 class cDataSplitter
 {
 public:
     virtual ~cDataSplitter() = default;
 
-    // Adds the bytes of a behind those in the buffer.
+    // Appends the bytes of a.
     void append(const QByteArray &a);
 
-    // Bytes in the buffer.
+    // Number of bytes in the buffer.
     qsizetype size() const { return m_buffer.size() - m_head; }
+    // Number of bytes consumed so far.
+    qint64 offset() const { return m_removed + m_head; }
+    // The bytes in the buffer. Valid until the next append or skip.
+    QByteArrayView bytes() const { return {_front(), size()}; }
     // Throws unless the buffer holds n bytes.
     void require(qsizetype n) const;
 
     QByteArray peek_block(int pos, int len) const;
     QByteArray get_block(int &pos, int len) const;
-    // The same into an array of the caller's: its contents are replaced, its memory is used again
-    // if nobody shares it.
+    // The same, but replaces the contents of block. Its memory is reused unless it is shared.
     void get_block(int &pos, int len, QByteArray &block) const;
     QByteArray peek_block(int len) const { return peek_block(0, len); }
     QByteArray get_block(int len);
 
-    // Strings come with their closing zero byte.
+    // Strings include their closing zero byte.
     QByteArray peek_string(int pos) const;
     QByteArray get_string(int &pos) const;
     QByteArray peek_string() const { return peek_string(0); }
     QByteArray get_string();
-    // Offset of the first zero byte from pos on, size() if none has arrived. A byte that has been
-    // searched is not searched again as long as the calls go on from where the last one was.
-    qsizetype find_zero(qsizetype pos) const;
-    // Whether all bytes from pos up to offset limit have arrived and none of them is zero.
-    bool string_open(int pos, int limit) const;
 
-    quint8 get_quint8(int &pos) { return _get<quint8>(pos); }
-    quint16 get_quint16(int &pos) { return _get<quint16>(pos); }
-    quint32 get_quint32(int &pos) { return _get<quint32>(pos); }
+    quint8 get_quint8(int &pos) const { return _get<quint8>(pos); }
+    quint16 get_quint16(int &pos) const { return _get<quint16>(pos); }
+    quint32 get_quint32(int &pos) const { return _get<quint32>(pos); }
     quint32 peek_quint32() const { return _peek<quint32>(0); }
-    // Offset of the first four bytes that read as a or b, if it is below limit; else limit, or the
-    // first offset without four bytes behind it. The mark is a byte that stands in both values: the
-    // rarer it is in the buffer, the faster the search.
+    // Returns the first offset below limit at which four bytes read as a or b. If there is none,
+    // returns limit or the first offset that is followed by fewer than four bytes, whichever is
+    // less. `mark` is a byte that occurs in both values; the rarer it is in the buffer, the faster
+    // the search.
     qsizetype find_quint32(quint32 a, quint32 b, char mark, qsizetype limit) const;
 
-    // Drops the first n bytes.
+    // Consumes the first n bytes.
     void skip(qsizetype n)
     {
         require(n);
@@ -72,7 +71,7 @@ private:
         return qFromLittleEndian<T>(_front() + pos);
     }
     template <typename T>
-    T _get(int &pos)
+    T _get(int &pos) const
     {
         const T value = _peek<T>(pos);
         pos += int(sizeof(T));
@@ -80,12 +79,8 @@ private:
     }
 
     QByteArray m_buffer;
-    qsizetype m_head = 0; // bytes at the front of m_buffer that are consumed
-
-    // No byte of m_buffer from the first offset up to the second is zero. It makes sure that a
-    // string whose end has not come is not searched again from its beginning.
-    mutable qsizetype m_zeroFreeFrom = 0;
-    mutable qsizetype m_zeroFreeTo = 0;
+    qsizetype m_head = 0; // consumed bytes at the front of m_buffer
+    qint64 m_removed = 0; // consumed bytes that are no longer in m_buffer
 };
 
 inline void cDataSplitter::require(qsizetype n) const

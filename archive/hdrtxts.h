@@ -6,13 +6,16 @@
 #include <QObject>
 #include <QString>
 
-// The number under which cHdrTxts sends an archive's title. Ids of streams are smaller.
+// Number of the archive's title in cHdrTxts::signal_Data. Stream ids are less.
 inline constexpr int HDRTXT_TITLE = 256;
 
-// Sends the texts of a HDR record on, one by one, as numbered text: first the title, then the
-// second text of each stream in the order of the table, under the stream's id. Entries of type 0
-// are no streams and are left out. Bytes that are not UTF-8 become replacement characters. It keeps
-// nothing.
+// Decodes an archive string: UTF-8 up to its closing zero byte. Invalid bytes become replacement
+// characters.
+QString hdrText(const QByteArray &string);
+
+// Sends the texts of each HDR record as numbered text: first the title, then the second text of
+// each stream under the stream's id, in the order of the table. Entries of type 0 are not streams
+// and are left out. Nothing is stored.
 class cHdrTxts : public QObject
 {
     Q_OBJECT
