@@ -4,10 +4,14 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <algorithm>
+
+namespace
+{
 // How an input is cut into chunks.
 enum CUT { CUT_WHOLE, CUT_BYTES, CUT_RANDOM };
 
-static void _feed(cVrk3Parser &parser, const QByteArray &input, CUT cut, quint32 seed = 1)
+void _feed(cVrk3Parser &parser, const QByteArray &input, CUT cut, quint32 seed = 1)
 {
     QRandomGenerator random(seed);
     for (qsizetype pos = 0; pos < input.size();) {
@@ -20,14 +24,15 @@ static void _feed(cVrk3Parser &parser, const QByteArray &input, CUT cut, quint32
     parser.slot_Data(QByteArray());
 }
 
-// What came of an input: every signal in one line, and the account.
+// The result of parsing an input: each signal as one line, and the account.
 struct OUTCOME_T {
     QByteArrayList signalled;
+    QList<qint64> receivedAt; // bytes received before each signal
     ACCOUNT_T account;
     qint64 payload = 0;
 };
 
-static OUTCOME_T _parse(const QByteArray &input, CUT cut, quint32 seed = 1)
+OUTCOME_T _parse(const QByteArray &input, CUT cut, quint32 seed = 1)
 {
     OUTCOME_T outcome;
     cVrk3Parser parser;
@@ -42,11 +47,13 @@ static OUTCOME_T _parse(const QByteArray &input, CUT cut, quint32 seed = 1)
                     line += " t" + QByteArray::number(tag) + '=' +
                             hdr.texts.at(tag).toPercentEncoding();
             outcome.signalled += line;
+            outcome.receivedAt += parser.account().received;
         });
     QObject::connect(
         &parser, qOverload<const IDX_T &>(&cVrk3Parser::signal_Data), [&](const IDX_T &idx) {
             outcome.signalled += "IDX " + QByteArray::number(idx.word1) + ' ' +
                                  QByteArray::number(idx.word2) + ' ' + idx.extra.toHex();
+            outcome.receivedAt += parser.account().received;
         });
     QObject::connect(
         &parser, qOverload<const DATA_T &>(&cVrk3Parser::signal_Data), [&](const DATA_T &d) {
@@ -55,6 +62,7 @@ static OUTCOME_T _parse(const QByteArray &input, CUT cut, quint32 seed = 1)
                 " f" + QByteArray::number(d.flags, 16) + " e" + QByteArray::number(d.extWord) +
                 ',' + QByteArray::number(d.extByte1) + ',' + QByteArray::number(d.extByte2) + ' ' +
                 QByteArray::number(d.size) + ' ' + d.payload.toPercentEncoding();
+            outcome.receivedAt += parser.account().received;
             outcome.payload += d.payload.size();
         });
     _feed(parser, input, cut, seed);
@@ -62,8 +70,8 @@ static OUTCOME_T _parse(const QByteArray &input, CUT cut, quint32 seed = 1)
     return outcome;
 }
 
-// Holds the account against the input and the signals.
-static void _checkAccount(const OUTCOME_T &outcome, qint64 size)
+// Checks the account against the input and the signals.
+void _checkAccount(const OUTCOME_T &outcome, qint64 size)
 {
     const ACCOUNT_T &a = outcome.account;
     QCOMPARE(a.received, size);
@@ -78,19 +86,19 @@ static void _checkAccount(const OUTCOME_T &outcome, qint64 size)
     }
 }
 
-static bool _isSame(const ACCOUNT_T &a, const ACCOUNT_T &b)
+bool _isSame(const ACCOUNT_T &a, const ACCOUNT_T &b)
 {
     return a.scanned == b.scanned && a.hdr == b.hdr && a.idx == b.idx && a.heads == b.heads &&
            a.lost == b.lost && a.unfinished == b.unfinished && a.buffered == b.buffered &&
            a.stretchCount == b.stretchCount && a.lostBlocks == b.lostBlocks;
 }
 
-static const QList<ARCHIVESTREAM_T> STREAMS = {
-    {253, 4, "gps", "GPS", ""}, {1, 1, "", "ext", ""}, {2, 2, "", "", ""},
-    {3, 0, "none", "", ""},     {5, 16, "", "", ""},   {253, 2, "second", "", ""},
-    {7, 3, "", "", ""}};
+const QList<ARCHIVESTREAM_T> STREAMS = {{253, 4, "gps", "GPS", ""}, {1, 1, "", "ext", ""},
+                                        {2, 2, "", "", ""},         {3, 0, "none", "", ""},
+                                        {5, 16, "", "", ""},        {253, 2, "second", "", ""},
+                                        {7, 3, "", "", ""}};
 
-static QByteArray _soundArchive()
+QByteArray _soundArchive()
 {
     cArchiveWriter w;
     w.header("Title", STREAMS, {{1, "one"}, {0, ""}, {8, "eight"}, {1, "again"}});
@@ -108,6 +116,7 @@ static QByteArray _soundArchive()
     w.fragments(253, QByteArray(700, 'x'), 300);
     return w.take();
 }
+} // namespace
 
 class tst_Vrk3Parser : public QObject
 {
@@ -120,6 +129,7 @@ private Q_SLOTS:
     void records();
     void anyBytesAnyCut_data();
     void anyBytesAnyCut();
+    void everyByte();
     void openString_data();
     void openString();
 };
@@ -158,7 +168,7 @@ void tst_Vrk3Parser::splitter()
     s.skip(0);
 }
 
-// The search for a magic against one byte by byte, in text full of beginnings of magics.
+// Compares the search for a magic with a plain loop, in bytes full of incomplete magics.
 void tst_Vrk3Parser::search()
 {
     QRandomGenerator random(5);
@@ -204,14 +214,14 @@ void tst_Vrk3Parser::records_data()
                                              "IDX 3 4 ",
                                              "DATA 253:4 fc0 e0,0,0 700 " + QByteArray(700, 'x')}
                            << qint64(0);
-    const QByteArray ahead = QByteArray::fromHex("05b5b5b5 b5b5 b5b505 0300c0fd");
-    QTest::newRow("bytes ahead") << ahead + example << exampleSignals << qint64(0);
-    QTest::newRow("no header") << ahead << QByteArrayList() << qint64(3);
+    const QByteArray noise = QByteArray::fromHex("05b5b5b5 b5b5 b5b505 0300c0fd");
+    QTest::newRow("bytes before the header") << noise + example << exampleSignals << qint64(0);
+    QTest::newRow("no header") << noise << QByteArrayList() << qint64(3);
     QTest::newRow("cut in a block") << example.chopped(1) << exampleSignals.first(2) << qint64(6);
 
     cArchiveWriter w;
     w.header("", STREAMS);
-    w.block(253, "ahead of any group");
+    w.block(253, "before any group");
     w.index(1, 1);
     w.block(2, "begun", FRAGMENT_FIRST);
     w.block(2, "replaced", FRAGMENT_FIRST);
@@ -229,24 +239,23 @@ void tst_Vrk3Parser::records_data()
                                    "IDX 4 4 "};
     QTest::newRow("damaged") << damaged << noData << qint64(3);
 
-    // Tables and texts that reach into one string which stays open: all refused, none read for
-    // long.
-    QTest::newRow("refused records nest")
+    // The tables and texts of all these records run into the same open string.
+    QTest::newRow("nested headers")
         << example +
                QByteArray::fromHex("b5b505b5 0080 0000 5400 b5b505b5 0c00 ff7f 5400")
                    .repeated(900) +
                QByteArray(HDR_STRING_LIMIT + 30'000, '\x03') + example.mid(21)
         << exampleSignals + exampleSignals.mid(1) << qint64(0);
-    // Both lengths 0: no record. The table in force stays, and IDX records are found.
+    // Both lengths are 0, so these are not records. The earlier header stays in force.
     const QByteArray empty = QByteArray::fromHex("b5b505b5 00000000");
     QTest::newRow("magics without a zero byte")
         << example + QByteArray::fromHex("b5b505b541414141").repeated(20'000) +
                QByteArray(HDR_STRING_LIMIT, 'x') + example.mid(21)
         << exampleSignals + exampleSignals.mid(1) << qint64(0);
     QTest::newRow("empty header") << empty + empty << QByteArrayList() << qint64(3);
-    QTest::newRow("empty header behind a good one")
+    QTest::newRow("empty header after a good one")
         << example + empty + example.mid(21) << exampleSignals + exampleSignals.mid(1) << qint64(0);
-    // The table ends inside the title, and an entry that overruns it is not part of it.
+    // The table ends inside the title. An entry that ends after the table is ignored.
     QTest::newRow("texts in the title")
         << QByteArray::fromHex("b5b505b5 0900 0300 7a02 7900 0177 00")
         << QByteArrayList{"HDR z%02y%00 t2=y%00"} << qint64(3);
@@ -278,7 +287,7 @@ void tst_Vrk3Parser::anyBytesAnyCut_data()
         QTest::addRow("%u", seed) << seed * 1000;
 }
 
-// A sound archive, damaged at random, gives the same however it is cut.
+// How a randomly damaged archive is cut does not affect the result.
 void tst_Vrk3Parser::anyBytesAnyCut()
 {
     QFETCH(quint32, seed);
@@ -313,6 +322,30 @@ void tst_Vrk3Parser::anyBytesAnyCut()
     }
 }
 
+// Damage to any byte does not affect what was complete before it.
+void tst_Vrk3Parser::everyByte()
+{
+    const QByteArray archive = _soundArchive();
+    const OUTCOME_T sound = _parse(archive, CUT_BYTES);
+    for (qsizetype at = 0; at < archive.size(); ++at) {
+        QByteArrayList damaged = {archive.first(at), archive.first(at) + archive.mid(at + 1),
+                                  archive.first(at + 1) + archive.mid(at)};
+        for (int bit = 0; bit < 8; ++bit) {
+            damaged += archive;
+            damaged.last()[at] = char(archive.at(at) ^ (1 << bit));
+        }
+        const qsizetype complete =
+            std::upper_bound(sound.receivedAt.begin(), sound.receivedAt.end(), at) -
+            sound.receivedAt.begin();
+        for (const QByteArray &input : std::as_const(damaged)) {
+            const OUTCOME_T outcome = _parse(input, CUT_WHOLE);
+            QCOMPARE(outcome.signalled.first(qMin(complete, outcome.signalled.size())),
+                     sound.signalled.first(complete));
+            _checkAccount(outcome, input.size());
+        }
+    }
+}
+
 void tst_Vrk3Parser::openString_data()
 {
     QTest::addColumn<int>("closedAt"); // offset of the first zero byte from the magic
@@ -323,7 +356,7 @@ void tst_Vrk3Parser::openString_data()
     }
 }
 
-// A header string that does not end does not keep the parser waiting for ever.
+// The parser does not wait for ever for the end of a header string.
 void tst_Vrk3Parser::openString()
 {
     QFETCH(int, closedAt);
