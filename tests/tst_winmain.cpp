@@ -1,3 +1,4 @@
+#include "driver/outputnames.h"
 #include "ui/globals.h"
 #include "ui/winmain.h"
 #include "zel/zelstyle.h"
@@ -6,12 +7,27 @@
 #include <QtTest>
 #include <QtWidgets>
 
-// The real format choice in its real frame, put together as main does it.
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// The name that a screen reader says.
+QString _name(QWidget *widget)
+{
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
+} // namespace
+
+// The real format choice in the real frame, combined as in main.
 class tst_WinMain : public QObject
 {
     Q_OBJECT
+
+    PARAMS_T m_params;
+    std::unique_ptr<ZelWindow> m_frame;
+
 private Q_SLOTS:
-    void initTestCase() { QApplication::setStyle(m_style); }
+    void initTestCase() { QApplication::setStyle(new ZelStyle); }
 
     void init()
     {
@@ -21,63 +37,61 @@ private Q_SLOTS:
         gZelWindow = m_frame.get();
         m_frame->setCentralWidget(new CWinMain);
         QCOMPARE(m_params.action, 0);
-        m_frame->setWindowTitle(
-            R"(<i><FONT size="-1">VrkTrk</FONT><FONT size="1">&nbsp;<br>1.0.0</FONT></i>)");
+        m_frame->setWindowTitle(u"<i>VrkTrk<FONT size=\"1\">&nbsp;<br>1.0.0</FONT></i>"_s);
         m_frame->setGeometry(100, 100, 480, 220);
         m_frame->show();
         m_frame->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(m_frame.get()));
     }
 
-    // A format is chosen (or none), then a button or a key pressed.
-    void choiceBecomesParams_data()
-    {
-        QTest::addColumn<QStringList>("clicks");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<QString>("filter");
-        const auto row = [](const QStringList &clicks, Qt::Key key, const char *filter) {
-            QTest::addRow("%s %x", qPrintable(clicks.join('+')), key)
-                << clicks << int(key) << filter;
-        };
-        row({"OK"}, {}, "Raw GPS output file (*.txt)");
-        row({"GPS Exchange Format (.gpx)", "OK"}, {}, "GPS Exchange Format (*.gpx)");
-        row({"OziExplorer track (.plt)", "OK"}, {}, "OziExplorer track (*.plt)");
-        row({"GoogleEarth KML (.kml)", "OK"}, {}, "GoogleEarth track (*.kml)");
-        row({"GoogleEarth KML (.kml)", "Cancel"}, {}, "");
-        row({}, Qt::Key_Return, "Raw GPS output file (*.txt)");
-        row({"GoogleEarth KML (.kml)"}, Qt::Key_Enter, "GoogleEarth track (*.kml)");
-        row({"GoogleEarth KML (.kml)"}, Qt::Key_Escape, "");
-        row({"Tab", "Tab"}, Qt::Key_Return, "Raw GPS output file (*.txt)"); // On Cancel.
-    }
-
+    // A button is clicked, then keys are pressed.
     void choiceBecomesParams()
     {
-        QFETCH(QStringList, clicks);
-        QFETCH(int, key);
-        QFETCH(QString, filter);
-        for (const QString &click : clicks) {
-            if (click == "Tab")
-                QTest::keyClick(m_frame->windowHandle(), Qt::Key_Tab);
+        const char *const rows[][3] = {
+            {"OK", "", "Raw GPS output file (*.txt)"},
+            {"GPS Exchange Format (.gpx)", "Return", "GPS Exchange Format (*.gpx)"},
+            {"OziExplorer track (.plt)", "Enter", "OziExplorer track (*.plt)"},
+            {"GoogleEarth KML (.kml)", "Return", "GoogleEarth track (*.kml)"},
+            {"", "Tab, Tab, Return", "Raw GPS output file (*.txt)"}, // The focus is on Cancel.
+            {"GoogleEarth KML (.kml)", "Escape", ""},
+            {"Cancel", "", ""},
+            {"Закрыть", "", ""}};
+        for (const auto &[click, keys, filter] : rows) {
+            init();
             for (auto *button : m_frame->findChildren<QAbstractButton *>()) {
-                if (name(button) == click)
+                if (_name(button) == click)
                     QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
             }
+            const QKeySequence sequence(keys);
+            for (int i = 0; i < sequence.count(); ++i)
+                QTest::keyClick(m_frame->windowHandle(), sequence[i].key());
+            QTRY_VERIFY(!m_frame->isVisible());
+            QCOMPARE(m_params.filter, filter);
+            QCOMPARE(m_params.action, *filter ? 1 : 0);
         }
-        if (key)
-            QTest::keyClick(m_frame->windowHandle(), Qt::Key(key));
-        QTRY_VERIFY(!m_frame->isVisible());
-        QCOMPARE(m_params.filter, filter);
-        QCOMPARE(m_params.action, filter.isEmpty() ? 0 : 1);
+    }
+
+    void filterDecidesTheName()
+    {
+        const char *const rows[][3] = {{"GPS Exchange Format (*.gpx)", "/a.b/c.vrk3", "/a.b/c.gpx"},
+                                       {"Raw GPS output file (*.txt)", "б.архив", "б.txt"},
+                                       {"(Pfad) (*.plt)", "a b.vrk3.कि", "a b.vrk3.plt"},
+                                       {"*.kml", "a.vrk3", "a"},
+                                       {"(*.kml)", "/a.b/track", "/a.b/track"},
+                                       {"(*.kml)", "a.vrk3\n", "a.vrk3\n"}};
+        for (const auto &[filter, input, output] : rows)
+            QCOMPARE(proposedOutputs({u"x.y"_s, input}, filter).last(), output);
     }
 
     void tabReachesAll()
     {
         QStringList names;
         for (int i = 0; i < 6; ++i) {
-            names << name(QApplication::focusWidget());
+            names << _name(QApplication::focusWidget());
             QTest::keyClick(m_frame->windowHandle(), Qt::Key_Tab);
         }
-        QCOMPARE(names.join(' '), "Полные данные GPS (.txt) OK Cancel Свернуть Развернуть Закрыть");
+        QCOMPARE(names.join(' '),
+                 u"Полные данные GPS (.txt) OK Cancel Свернуть Развернуть Закрыть");
     }
 
     void nothingIsCutOff_data()
@@ -114,17 +128,6 @@ private Q_SLOTS:
             }
         }
     }
-
-private:
-    // As a screen reader tells it.
-    static QString name(QWidget *widget)
-    {
-        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
-    }
-
-    QStyle *m_style = new ZelStyle;
-    PARAMS_T m_params;
-    std::unique_ptr<ZelWindow> m_frame;
 };
 
 QTEST_MAIN(tst_WinMain)
