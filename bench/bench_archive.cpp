@@ -1,4 +1,4 @@
-// The walk through an archive, by what the archive holds.
+// Speed of the parser for different kinds of archive.
 #include "archive/vrk3parser.h"
 #include "sample/archivewriter.h"
 
@@ -8,7 +8,7 @@
 
 namespace
 {
-constexpr qsizetype CHUNK = 65536; // as the programs read
+constexpr qsizetype CHUNK = 65536; // the size of the programs' reads
 
 class cListener : public QObject
 {
@@ -21,7 +21,7 @@ public Q_SLOTS:
     void slot_Data(const DATA_T & /*d*/) { ++blocks; }
 
 Q_SIGNALS:
-    // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): moc has names of its own
+    // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): moc uses other names
     void signal_Data(const DATA_T &d);
 };
 
@@ -33,11 +33,13 @@ QByteArray _beginning()
     return w.take();
 }
 
-// Feeds the pattern again and again, in chunks, to a parser that has somebody listening.
+// Feeds `beginning` once and then `pattern` repeatedly, in chunks, to a parser with a connected
+// receiver.
 void _walk(benchmark::State &state, const QByteArray &beginning, QByteArray pattern)
 {
+    // Whole chunks, so that the pattern continues correctly from the last to the first.
     while (pattern.size() % CHUNK != 0 || pattern.size() < CHUNK)
-        pattern += pattern; // whole chunks, so that the pattern goes on where it ended
+        pattern += pattern;
     QByteArrayList chunks;
     for (qsizetype pos = 0; pos < pattern.size(); pos += CHUNK)
         chunks += pattern.mid(pos, CHUNK);
@@ -86,7 +88,7 @@ void recordsOnly(benchmark::State &state)
     _walk(state, _beginning(), _beginning());
 }
 
-// What a block's signal costs by itself, without a parser.
+// The cost of a block's signal alone, for comparison.
 void bareSignal(benchmark::State &state)
 {
     cListener sender;

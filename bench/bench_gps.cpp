@@ -1,4 +1,5 @@
-// Receiver text into each format, and the pieces of that road, beside Qt's own where there is one.
+// Speed of the conversion of receiver text to each format and of its parts, next to Qt's functions
+// where there are any.
 #include "gps/gpschain.h"
 #include "sample/receivertext.h"
 
@@ -29,7 +30,7 @@ const QByteArray &_text()
     return text;
 }
 
-// Bytes of receiver text a second. Points that a writer keeps go with it after each round.
+// Converts the text once per iteration, with a new writer.
 template <typename F>
 void _feed(benchmark::State &state)
 {

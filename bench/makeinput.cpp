@@ -1,5 +1,5 @@
-// makeinput KIND MEBIBYTES FILE: writes an input for the comparisons, at least so long. The same
-// bytes on every machine.
+// makeinput KIND MEBIBYTES FILE: writes an input of at least that size for the comparisons. Its
+// bytes are the same on every machine.
 #include "sample/archivewriter.h"
 #include "sample/receivertext.h"
 
@@ -12,7 +12,7 @@
 namespace
 {
 constexpr qsizetype MEBIBYTE = 1 << 20;
-// Text in one block, as a recorder that writes every few seconds has it.
+// Text per block, as written by a recorder every few seconds.
 constexpr qsizetype TEXT_BLOCK = 2000;
 
 QByteArray _fill(const QByteArray &pattern)
@@ -20,8 +20,7 @@ QByteArray _fill(const QByteArray &pattern)
     return pattern.repeated(MEBIBYTE / pattern.size() + 1);
 }
 
-// About a mebibyte of the given kind; the first one has what an archive begins with. Empty for a
-// kind that is not known.
+// Generates an input in pieces of about a mebibyte. The first piece contains the header.
 class cInput
 {
 public:
@@ -41,7 +40,7 @@ public:
             m_writer.index(0, 0);
             m_begun = true;
         }
-        if (is("others")) { // a camera's stream, say, and now and then the receiver
+        if (is("others")) { // large blocks of a camera, and little text
             for (int i = 0; i < 32; ++i)
                 m_writer.block(2, QByteArray(32000, 'v'));
             m_writer.block(253, m_receiver.second());

@@ -1,4 +1,4 @@
-// An archive of any bytes through the whole chain, in all four formats.
+// Sends arbitrary bytes as an archive through the whole chain, in all four formats.
 #include "fuzz/harness.h"
 #include "gps/gpschain.h"
 
@@ -17,8 +17,8 @@ public Q_SLOTS:
     void slot_Data(const QByteArray &a) { bytes += a; }
 };
 
-// Strings that stay open for a mebibyte are out of a fuzzer's reach. So in an input that begins
-// with 0xFE the next few of these bytes stand for a long run of text each.
+// The fuzzer's inputs are too short for strings that overrun the limit. In an input that begins
+// with 0xFE, each of the next three 0xFE bytes is therefore replaced by a long text.
 QByteArray _expanded(QByteArray input)
 {
     constexpr char run = '\xFE';
@@ -34,11 +34,11 @@ QByteArray _expanded(QByteArray input)
 
 void _checkAccount(const ACCOUNT_T &a, qsizetype size)
 {
-    require(a.received == size, "the parser knows how much it received");
+    require(a.received == size, "the account counts the bytes received");
     require(a.scanned + a.hdr + a.idx + a.heads + a.delivered + a.lost + a.unfinished +
                     a.buffered ==
                 size,
-            "each byte received stands in one sum of the account");
+            "the account counts each byte once");
     require(a.scanned >= 0 && a.lost >= 0 && a.unfinished >= 0, "no sum is negative");
 }
 
@@ -50,7 +50,7 @@ QByteArray _run(const QByteArray &input, const char *filter, bool whole)
         if (const cNmea *const decoder = chain.decoder()) {
             QObject::connect(decoder, &cNmea::signal_Data, [decoder](const nmea_data &n) {
                 require(n.valid && decoder->account().accepted[NMEA_GPRMC] > 0,
-                        "a point is emitted only behind a valid GPRMC");
+                        "a point is emitted only after a valid GPRMC");
             });
         }
         if (whole)

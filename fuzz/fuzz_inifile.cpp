@@ -1,4 +1,4 @@
-// A settings file of any bytes, as somebody's editor may have left it.
+// Reads and changes a settings file with arbitrary contents.
 #include "fuzz/harness.h"
 #include "settings/inifile.h"
 
@@ -13,7 +13,7 @@ namespace
 {
 const char *const KEYS[] = {"winHeight", "fullscreen", "a", "options_version"};
 
-// A new name for each file: Qt knows a file again by its name.
+// Returns a new name for each file, because Qt caches the contents of a file under its name.
 std::string _newName()
 {
     static long number = 0;
@@ -26,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
     const std::string name = _newName();
     QFile file(QString::fromStdString(name));
-    require(file.open(QIODevice::WriteOnly), "the file can be made");
+    require(file.open(QIODevice::WriteOnly), "the file can be created");
     file.write(inputOf(data, size));
     file.close();
 
@@ -35,7 +35,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
         CIniFile ini(name, "common");
         for (const char *const key : KEYS) {
             const std::string text = ini.GetString(key, "?");
-            require(ini.GetString("common", key, "?") == text, "a read gives the same each time");
+            require(ini.GetString("common", key, "?") == text,
+                    "repeated reads return the same value");
             require(ini.GetFourCC("common", key, 0) <= 0xFFFFFFFFUL, "a code has 32 bits");
             (void)ini.GetInt("vrktrk.session", key, 7);
         }
@@ -47,8 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
     {
         CIniFile ini(name, "common");
         const bool sentinel = value == g_impossibleString;
-        require(sentinel || ini.GetString("written", "?") == value, "a written text comes back");
-        require(ini.GetInt("number", 0) == -7, "a written number comes back");
+        require(sentinel || ini.GetString("written", "?") == value, "a written text can be read");
+        require(ini.GetInt("number", 0) == -7, "a written number can be read");
     }
     file.remove();
     return 0;

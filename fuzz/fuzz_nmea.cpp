@@ -1,4 +1,4 @@
-// Receiver text of any bytes through the decoder alone.
+// Sends arbitrary bytes as receiver text through the decoder alone.
 #include "fuzz/harness.h"
 #include "gps/nmea.h"
 
@@ -14,7 +14,7 @@ QList<nmea_data> _decode(const QByteArray &text, bool whole)
     cNmea nmea;
     QObject::connect(&nmea, &cNmea::signal_Data, [&](const nmea_data &n) {
         require(n.valid && nmea.account().accepted[NMEA_GPRMC] > 0,
-                "a point is emitted only behind a valid GPRMC");
+                "a point is emitted only after a valid GPRMC");
         points.append(n);
     });
     if (whole)
@@ -25,7 +25,7 @@ QList<nmea_data> _decode(const QByteArray &text, bool whole)
     return points;
 }
 
-// The bits count: NaN is a number here as any other.
+// Compares the bits, so that NaN equals itself.
 bool _isSame(const nmea_data &a, const nmea_data &b)
 {
     const auto same = [](double x, double y) {
@@ -41,8 +41,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
 {
     QByteArray text = inputOf(data, size);
     _decode(text, false);
-    text.replace('\0',
-                 "\r"); // behind a zero byte the rest of a chunk is lost: there the cut counts
+    // A zero byte discards the rest of its chunk, so the cut would matter.
+    text.replace('\0', "\r");
     const QList<nmea_data> whole = _decode(text, true);
     const QList<nmea_data> cut = _decode(text, false);
     require(whole.size() == cut.size(), "the cut does not change the number of points");

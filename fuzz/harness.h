@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-// What every harness shares.
+// Functions for all harnesses.
 
-// Ends the run with a message unless the condition holds: the fuzzer keeps the input.
+// Aborts with a message unless the condition holds. The fuzzer then stores the input.
 inline void require(bool condition, const char *message)
 {
     if (condition)
@@ -17,8 +17,8 @@ inline void require(bool condition, const char *message)
     std::abort();
 }
 
-// Cuts an input into chunks of which each is as long as its own first byte says, up to 200 bytes,
-// or up to some 70,000 where the input is large: the fuzzer decides where the cuts lie.
+// Cuts an input into chunks of up to 200 bytes, or up to about 70,000 if the input is large. The
+// first byte of each chunk decides its length, so the fuzzer controls the cuts.
 template <typename F>
 void inChunks(const QByteArray &input, F &&feed)
 {

@@ -1,4 +1,4 @@
-// makeseeds FOLDER: writes the small inputs from which the fuzzers set out, into a folder for each.
+// makeseeds FOLDER: writes small initial inputs for the fuzzers, in one folder for each harness.
 #include "sample/archivewriter.h"
 #include "sample/receivertext.h"
 
@@ -23,7 +23,7 @@ QByteArray _sentences()
            nmeaSentence("GPRMC,000000,A,,,,,,,990099");
 }
 
-// Fragments that interleave, an extension head, two groups, a second header.
+// Interleaved fragments, an extension head, two groups, a second header.
 QByteArray _rich()
 {
     cArchiveWriter w;
@@ -51,7 +51,8 @@ QByteArray _damaged()
     w.block(253, "$GPRMC,1,A", FRAGMENT_MIDDLE);
     return w.take();
 }
-// A header whose title does not end, behind a good one and ahead of a group.
+
+// A header whose title does not end, between a good one and a group of blocks.
 QByteArray _open()
 {
     cArchiveWriter w;

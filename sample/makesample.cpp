@@ -1,9 +1,8 @@
-// Writes the bundled sample archive: `makesample FILE`. The same bytes on every machine and every
-// run.
+// makesample FILE: writes the bundled sample archive. Its bytes are the same on every machine.
 //
-// A drive of some eleven minutes, recorded by a device that keeps pictures, sound and the messages
-// of its GPS receiver in one archive, with what happens to such archives: noise ahead of it, a
-// second header, broken sentences, a tunnel, a damaged stretch, a block that was never finished.
+// The sample is a drive of eleven minutes, recorded by a device with a camera, a microphone and a
+// GPS receiver. It contains what occurs in real archives: noise before the first header, a second
+// header, broken sentences, a tunnel, damaged bytes and unfinished blocks.
 #include "sample/archivewriter.h"
 #include "sample/receivertext.h"
 
@@ -37,8 +36,8 @@ QList<ARCHIVESTREAM_T> _streams()
             {STREAM_GPS, 4, "com1", "Приёмник GPS", "nmea"}};
 }
 
-// Stand-in for the data of the other streams. The generator is written out here, so that no library
-// has a say in the bytes.
+// Data for the other streams. The generator is written out here so that its bytes do not depend on
+// a library.
 class cNoise
 {
 public:
@@ -56,7 +55,7 @@ private:
     quint64 m_state = 20110323;
 };
 
-// One character of a sentence changed on its way, so that its checksum is wrong.
+// Changes one digit of a sentence, which makes the checksum wrong.
 QByteArray _broken(QByteArray sentence)
 {
     const qsizetype pos = sentence.indexOf('.') + 1;
@@ -103,7 +102,7 @@ QByteArray cDrive::_text(int second)
     return text;
 }
 
-// A picture in three fragments, with the receiver's text and the sound in between.
+// Writes a picture in three fragments, with the receiver's text and the sound between them.
 void cDrive::_others(int second, const QByteArray &gps)
 {
     const QByteArray picture = m_noise.bytes(900 + second % 7 * 60);
@@ -116,7 +115,7 @@ void cDrive::_others(int second, const QByteArray &gps)
         m_archive.block(STREAM_SOUND, m_noise.bytes(160));
         m_archive.block(STREAM_GPS, gps.mid(cut), FRAGMENT_LAST, 5);
     } else {
-        // A sentence that runs across two blocks.
+        // A sentence continues in the next block.
         m_archive.block(STREAM_GPS, gps.left(cut));
         m_archive.block(STREAM_PICTURES, picture.mid(400, 300), FRAGMENT_MIDDLE);
         m_archive.block(STREAM_GPS, gps.mid(cut));
@@ -136,11 +135,11 @@ void cDrive::_second(int second)
     if (second % 60 == 45)
         m_archive.block(STREAM_MARKS, {});
     if (second % SECONDS_A_GROUP == SECONDS_A_GROUP - 1 && second % 4 == 1) {
-        // Never finished: the next group begins.
+        // The next group begins before this logical block ends.
         m_archive.block(STREAM_SOUND, m_noise.bytes(80), FRAGMENT_FIRST);
     }
     if (second == DAMAGE) {
-        // Bytes that are no block put the reader out of step until the next group.
+        // These bytes are not a block, so the reader skips everything up to the next group.
         m_archive.rawBytes(QByteArray(4, '\x77') + m_noise.bytes(1500));
     }
 }
@@ -151,7 +150,7 @@ QByteArray cDrive::write()
     _header("Поездка по Москве");
     for (int second = 0; second < SECONDS; ++second)
         _second(second);
-    // The device was switched off in the middle of a picture.
+    // The device is switched off while it writes a picture.
     m_archive.block(STREAM_PICTURES, m_noise.bytes(400), FRAGMENT_FIRST);
     return m_archive.take().chopped(250);
 }

@@ -11,17 +11,17 @@ namespace
 constexpr int SECONDS_A_DAY = 86400;
 constexpr int FULL_TURN = 3600; // tenths of a degree
 constexpr qint64 MICROMINUTES_A_DEGREE = 60'000'000;
-// A knot is a minute of arc an hour: 1/36000 of a minute in a second for each tenth of a knot.
+// A knot is one minute of arc per hour, so a tenth of a knot is 1/36000 of a minute per second.
 constexpr qint64 MICROMINUTES_A_SECOND_NUMERATOR = 1'000'000;
 constexpr qint64 MICROMINUTES_A_SECOND_DENOMINATOR = 36'000;
 constexpr qint64 COSINE_OF_LATITUDE = 5628; // of 55.75 degrees, in ten thousandths
 constexpr qint64 ONE = 10'000;
 
-/// The way through the town: so long, turning so fast, nearing such a speed.
+// A part of the route.
 struct LEG_T {
-    int seconds;
-    int turn;  ///< tenths of a degree a second, clockwise
-    int speed; ///< tenths of a knot
+    int seconds; // duration
+    int turn;    // tenths of a degree per second, clockwise
+    int speed;   // tenths of a knot, approached gradually
 };
 
 constexpr std::array<LEG_T, 22> ROUTE = {{
@@ -47,8 +47,8 @@ const LEG_T &_leg(qint64 second)
     return ROUTE.back();
 }
 
-// Sine of tenths of a degree in ten thousandths, by Bhaskara's fraction: within two thousandths,
-// and no two C libraries can differ in its last digit.
+// Returns the sine of an angle in tenths of a degree, in ten-thousandths. Bhaskara's approximation
+// has an error below two thousandths and, unlike std::sin, the same digits on every machine.
 qint64 _sine(int tenths)
 {
     const int turn = ((tenths % FULL_TURN) + FULL_TURN) % FULL_TURN;
@@ -66,7 +66,7 @@ QByteArray _format(const char *format, T... values)
     return {text.data(), size};
 }
 
-// ddmm.mmmm or dddmm.mmmm, as `format` has it.
+// Formats an angle as ddmm.mmmm or dddmm.mmmm, depending on `format`.
 QByteArray _angle(const char *format, qint64 micro)
 {
     const qint64 value = micro < 0 ? -micro : micro;
@@ -134,7 +134,7 @@ void cReceiverText::_drive()
     const int wanted = leg.speed - m_speed;
     m_speed += wanted > 25 ? 25 : (wanted < -40 ? -40 : wanted);
     m_course = (m_course + leg.turn + FULL_TURN) % FULL_TURN;
-    // Up and down the hills in four minutes, by two metres a minute.
+    // Climbs two metres per minute for two minutes, then descends for two minutes.
     m_altitude += m_second % 240 < 120 ? int(m_second % 3 == 0) : -int(m_second % 3 == 0);
     const qint64 way = m_speed * MICROMINUTES_A_SECOND_NUMERATOR;
     m_lat += way * _sine(m_course + FULL_TURN / 4) / (MICROMINUTES_A_SECOND_DENOMINATOR * ONE);
