@@ -27,7 +27,7 @@ int cCommand::run(const QStringList &arguments)
     parser.addPositionalArgument(u"ARCHIVE"_s, u"VRK3 archives; - is standard input."_s);
     // The parser expects the program's name first.
     if (!parser.parse(QStringList(m_name) + arguments))
-        return _wrongUse(parser.errorText());
+        return _wrongUse(parser.errorText().chopped(1)); // without its full stop
     if (parser.isSet(help)) {
         _showHelp(parser);
         return EXIT_DONE;
@@ -138,7 +138,7 @@ void cCommand::_fail(const QString &file, const QString &reason)
 
 int cCommand::_wrongUse(const QString &reason) const
 {
-    complain(u"%1: %2 (see vrk3 %1 --help)"_s.arg(m_name, reason));
+    complain(u"%1: %2; see vrk3 %1 --help"_s.arg(m_name, reason));
     return EXIT_WRONG_USE;
 }
 

@@ -46,8 +46,8 @@ int _run(const QStringList &arguments)
         if (command->name() == first)
             return command->run(arguments.mid(2));
     }
-    complain(first.isEmpty() ? u"no command given (see vrk3 --help)"_s
-                             : u"unknown command '%1' (see vrk3 --help)"_s.arg(first));
+    complain(first.isEmpty() ? u"no command given; see vrk3 --help"_s
+                             : u"unknown command '%1'; see vrk3 --help"_s.arg(first));
     return EXIT_WRONG_USE;
 }
 } // namespace

@@ -9,7 +9,7 @@ declare -A packages=(
     [desktop]="xvfb x11-utils xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core
                python3 python3-gi gir1.2-atspi-2.0 locales util-linux"
     [wayland]="qt6-wayland"
-    [tests]="weston gdal-bin gpsbabel libxml2-utils man-db python3-jsonschema
+    [tests]="weston gdal-bin gpsbabel libxml2-utils man-db python3-jsonschema strace
              lintian desktop-file-utils appstream shared-mime-info"
     [bench]="libbenchmark-dev gpsbabel time python3-xlib zenity gnuplot-nox"
     [checks]="git clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev"
