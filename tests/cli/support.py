@@ -4,6 +4,7 @@ import operator
 import os
 import pathlib
 import shutil
+import signal
 import struct
 import subprocess
 import tempfile
@@ -11,6 +12,8 @@ import unittest
 
 VRK3, SAMPLE, SOURCE = (os.environ[n] for n in ("VRK3", "VRK3_SAMPLE", "VRK3_SOURCE"))
 REFERENCE = pathlib.Path(__file__).parent / "reference"
+# In the background, a shell ignores Ctrl-C, and so would the programs started here.
+signal.signal(signal.SIGINT, signal.default_int_handler)
 # A time zone that differs from UTC in hours and minutes. strace and the leak checker exclude each other.
 ENVIRONMENT = dict(os.environ, TZ="TST-5:45", LC_ALL="C.UTF-8")
 TRACED = dict(ENVIRONMENT, ASAN_OPTIONS="detect_leaks=0")
