@@ -30,7 +30,7 @@ QJsonObject _sentences(const NMEA_ACCOUNT_T &account)
 {
     QJsonObject sentences;
     for (size_t kind = 0; kind < NMEA_KINDS; ++kind)
-        sentences[QLatin1String(NAMES_READ.at(kind))] =
+        sentences[QLatin1String(NMEA_NAMES.at(kind))] =
             QJsonObject{{u"accepted"_s, account.accepted.at(kind)},
                         {u"badChecksum"_s, account.badChecksum.at(kind)},
                         {u"tooFewFields"_s, account.tooFewFields.at(kind)},

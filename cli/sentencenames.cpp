@@ -1,5 +1,7 @@
 #include "cli/sentencenames.h"
 
+#include "gps/nmea.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -39,7 +41,7 @@ void cSentenceNames::_endName()
     // The decoder compares only the first five letters, and counts these sentences itself.
     const auto isRead = [this](const char *known) { return m_name.startsWith(known); };
     const bool isName = !m_name.isEmpty() && m_name.size() <= MAX_NAME_LENGTH;
-    if (std::none_of(NAMES_READ.begin(), NAMES_READ.end(), isRead)) {
+    if (std::none_of(NMEA_NAMES.begin(), NMEA_NAMES.end(), isRead)) {
         if (isName && (m_counts.size() < MAX_NAMES || m_counts.contains(m_name)))
             ++m_counts[m_name];
         else

@@ -1,16 +1,9 @@
 #ifndef SENTENCENAMES_H
 #define SENTENCENAMES_H
 
-#include "gps/nmea.h"
-
 #include <QByteArray>
 #include <QMap>
 #include <QObject>
-
-#include <array>
-
-// The sentences that the decoder reads, in the order of its account.
-inline constexpr std::array<const char *, NMEA_KINDS> NAMES_READ = {"GPGGA", "GPRMC", "PGRME"};
 
 // Counts by name the sentences that the decoder does not read. It splits the text as the decoder
 // does: line ends are ignored, and a chunk ends at its first zero byte.

@@ -13,7 +13,7 @@ cFileSaver::~cFileSaver()
 
 void cFileSaver::slot_Data(const QByteArray &a)
 {
-    // Qt would say a line on standard error for each write into what could not be opened.
+    // Qt prints a warning for each write to a file that is not open.
     if (m_file.isOpen())
         m_file.write(a.constData(), a.size());
 }

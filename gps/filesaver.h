@@ -4,10 +4,10 @@
 #include <QFile>
 #include <QObject>
 
-// The end of the chain: writes whatever arrives into one file, in the order of arrival.
+// The end of the chain: writes the bytes it receives to a file, in the order of arrival.
 //
-// The file is made, or cut to nothing if it exists, by the constructor, and closed by the
-// destructor. No failure is told: what cannot be opened or written is lost.
+// The constructor creates the file or truncates an existing one; the destructor closes it. Failures
+// are not reported: bytes that cannot be written are lost.
 class cFileSaver : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     ~cFileSaver() override;
 
 public Q_SLOTS:
-    // The bytes are not needed behind the call.
+    // Writes the bytes, which need not outlive the call.
     void slot_Data(const QByteArray &a);
 
 private:

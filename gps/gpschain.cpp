@@ -1,23 +1,37 @@
 #include "gps/gpschain.h"
 
-cGpsChain::cGpsChain(const QString &filter, QObject *sink)
-{
-    QObject::connect(&m_parser, SIGNAL(signal_Data(HDR_T)), &m_hdrTxts, SLOT(slot_Data(HDR_T)));
-    QObject::connect(&m_parser, SIGNAL(signal_Data(DATA_T)), &m_raw, SLOT(slot_Data(DATA_T)));
+#include "gps/gpsgpx.h"
+#include "gps/gpskml.h"
+#include "gps/gpsplt.h"
 
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// Returns the writer that a filter text chooses, null for raw text.
+std::unique_ptr<cTrackWriter> _writer(const QString &filter)
+{
+    if (filter.contains("*.kml"_L1))
+        return std::make_unique<cGpsKml>();
+    if (filter.contains("*.plt"_L1))
+        return std::make_unique<cGpsPlt>();
+    if (filter.contains("*.gpx"_L1))
+        return std::make_unique<cGpsGpx>();
+    return nullptr;
+}
+} // namespace
+
+cGpsChain::cGpsChain(const QString &filter, QObject *sink) : m_writer(_writer(filter))
+{
+    QObject::connect(&m_parser, SIGNAL(signal_Data(DATA_T)), &m_raw, SLOT(slot_Data(DATA_T)));
     const QObject *tail = &m_raw;
-    const auto choose = [&](const char *pattern, const auto &writer) {
-        if (!filter.contains(QLatin1String(pattern)))
-            return;
-        QObject::connect(&m_raw, SIGNAL(signal_Data(QByteArray)), &writer,
-                         SLOT(slot_Data(QByteArray)));
-        QObject::connect(&m_hdrTxts, SIGNAL(signal_Data(int, QString)), &writer,
+    if (m_writer) {
+        QObject::connect(&m_parser, SIGNAL(signal_Data(HDR_T)), &m_hdrTxts, SLOT(slot_Data(HDR_T)));
+        QObject::connect(&m_hdrTxts, SIGNAL(signal_Data(int, QString)), m_writer.get(),
                          SLOT(slot_Data(int, QString)));
-        tail = &writer;
-        m_decoder = &writer.nmea();
-    };
-    choose("*.gpx", m_gpx);
-    choose("*.plt", m_plt);
-    choose("*.kml", m_kml);
+        QObject::connect(&m_raw, SIGNAL(signal_Data(QByteArray)), m_writer.get(),
+                         SLOT(slot_Data(QByteArray)));
+        tail = m_writer.get();
+    }
     QObject::connect(tail, SIGNAL(signal_Data(QByteArray)), sink, SLOT(slot_Data(QByteArray)));
 }

@@ -3,38 +3,34 @@
 
 #include "archive/hdrtxts.h"
 #include "archive/vrk3parser.h"
-#include "gps/gpsgpx.h"
-#include "gps/gpskml.h"
-#include "gps/gpsplt.h"
 #include "gps/gpsraw.h"
+#include "gps/trackwriter.h"
 
-// The row of filters from an archive's bytes to the bytes of the output in one format.
+#include <memory>
+
+// The chain of filters that turns an archive's bytes into the bytes of an output file.
 //
-// The archive goes in through parser().slot_Data; the output comes out at the sink. The destructor
-// sends what the chosen writer still holds: the sink has to outlive the chain.
+// Pass the archive to parser().slot_Data; the output arrives at the sink. The destructor sends the
+// writer's last bytes, so the sink must outlive the chain.
 class cGpsChain
 {
 public:
-    // The format is read out of a file dialog's filter text: "*.gpx", "*.plt" or "*.kml" in it, or
-    // none of them for the receiver's raw text. The sink has a slot slot_Data(const QByteArray &);
-    // it is not owned.
+    // The filter is that of a file dialog, such as "OziExplorer track (*.plt)". The chain writes
+    // GPX, PLT or KML if it contains "*.gpx", "*.plt" or "*.kml", otherwise the receiver's raw
+    // text. The sink has a slot slot_Data(const QByteArray &) and is not owned.
     cGpsChain(const QString &filter, QObject *sink);
 
     cVrk3Parser &parser() { return m_parser; }
     const cGpsRaw &raw() const { return m_raw; }
-    // The decoder of the chosen writer, owned by the chain; null for the raw text.
-    const cNmea *decoder() const { return m_decoder; }
+    // The writer's decoder, owned by the chain; null for raw text.
+    const cNmea *decoder() const { return m_writer ? &m_writer->nmea() : nullptr; }
 
 private:
-    // The order is that of the data. All writers are there whatever the format; one that is not
-    // connected receives nothing and sends into nothing.
+    // In the order of the data. The writer is destroyed first.
     cVrk3Parser m_parser;
     cHdrTxts m_hdrTxts;
     cGpsRaw m_raw;
-    cGpsGpx m_gpx;
-    cGpsPlt m_plt;
-    cGpsKml m_kml;
-    const cNmea *m_decoder = nullptr;
+    std::unique_ptr<cTrackWriter> m_writer; // null for raw text
 };
 
 #endif

@@ -1,25 +1,23 @@
 #include "gps/gpsgpx.h"
 
-#include "archive/hdrtxts.h"
-
 #include <QDateTime>
 
 using namespace Qt::StringLiterals;
 
-static const char HEADER[] = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n"
-                             "<gpx version=\"1.1\" creator=\"kt_vrktrk\"\r\n"
-                             "xmlns=\"http://www.topografix.com/GPX/1/1\"\r\n"
-                             "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"\r\n"
-                             "xsi:schemaLocation=\"http://www.topografix.com/GPX/1/1\r\n"
-                             "http://www.topografix.com/GPX/1/1/gpx.xsd\">\r\n"
-                             "\t<trk><name><![CDATA[";
-static const char HEADER_END[] = "]]></name><trkseg>\r\n";
-static const char FOOTER[] = "\t</trkseg></trk>\r\n</gpx>\r\n";
-
-cGpsGpx::cGpsGpx(QObject *parent) : QObject(parent)
+namespace
 {
-    connect(&m_nmea, SIGNAL(signal_Data(nmea_data)), this, SLOT(_slot_Nmea(nmea_data)));
-}
+constexpr char HEADER[] = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n"
+                          "<gpx version=\"1.1\" creator=\"kt_vrktrk\"\r\n"
+                          "xmlns=\"http://www.topografix.com/GPX/1/1\"\r\n"
+                          "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"\r\n"
+                          "xsi:schemaLocation=\"http://www.topografix.com/GPX/1/1\r\n"
+                          "http://www.topografix.com/GPX/1/1/gpx.xsd\">\r\n"
+                          "\t<trk><name><![CDATA[";
+constexpr char HEADER_END[] = "]]></name><trkseg>\r\n";
+constexpr char FOOTER[] = "\t</trkseg></trk>\r\n</gpx>\r\n";
+} // namespace
+
+cGpsGpx::cGpsGpx(QObject *parent) : cTrackWriter(parent) {}
 
 cGpsGpx::~cGpsGpx()
 {
@@ -35,13 +33,7 @@ void cGpsGpx::slot_Data(const QByteArray &a)
         Q_EMIT signal_Data(m_name.toUtf8());
         Q_EMIT signal_Data(QByteArray(HEADER_END));
     }
-    m_nmea.slot_Data(a);
-}
-
-void cGpsGpx::slot_Data(int what, const QString &s)
-{
-    if (what == HDRTXT_TITLE)
-        m_name = s;
+    cTrackWriter::slot_Data(a);
 }
 
 void cGpsGpx::_slot_Nmea(const nmea_data &n)
@@ -54,7 +46,8 @@ void cGpsGpx::_slot_Nmea(const nmea_data &n)
     Q_EMIT signal_Data(m_line.bytes());
 }
 
-// The digits of local time are those of the receiver's UTC: the date of a fix is a local midnight.
+// Writes local time, which has the digits of the receiver's UTC: the date of a fix is local
+// midnight.
 void cGpsGpx::_dateTime(const nmea_data &n)
 {
     const qint64 second = nearestSecond(n);

@@ -1,8 +1,8 @@
 #include "gps/gpskml.h"
 
-#include "archive/hdrtxts.h"
-
-static const char HEADER[] =
+namespace
+{
+constexpr char HEADER[] =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"
     "<kml xmlns=\"http://www.opengis.net/kml/2.2\"><Document>\r\n"
     "<Folder><name>Tracks</name>\r\n"
@@ -10,14 +10,12 @@ static const char HEADER[] =
     "<PolyStyle><fill>0</fill></PolyStyle></Style>\r\n"
     "<Placemark>\r\n"
     "<name>";
-static const char HEADER_END[] = "</name><styleUrl>#</styleUrl>\r\n<LineString><coordinates>";
-static const char FOOTER[] =
+constexpr char HEADER_END[] = "</name><styleUrl>#</styleUrl>\r\n<LineString><coordinates>";
+constexpr char FOOTER[] =
     "</coordinates>\r\n</LineString></Placemark></Folder></Document></kml>\r\n";
+} // namespace
 
-cGpsKml::cGpsKml(QObject *parent) : QObject(parent)
-{
-    connect(&m_nmea, SIGNAL(signal_Data(nmea_data)), this, SLOT(_slot_Nmea(nmea_data)));
-}
+cGpsKml::cGpsKml(QObject *parent) : cTrackWriter(parent) {}
 
 cGpsKml::~cGpsKml()
 {
@@ -29,17 +27,6 @@ cGpsKml::~cGpsKml()
         Q_EMIT signal_Data(m_line.bytes());
     }
     Q_EMIT signal_Data(QByteArray(FOOTER));
-}
-
-void cGpsKml::slot_Data(const QByteArray &a)
-{
-    m_nmea.slot_Data(a);
-}
-
-void cGpsKml::slot_Data(int what, const QString &s)
-{
-    if (what == HDRTXT_TITLE)
-        m_name = s;
 }
 
 void cGpsKml::_slot_Nmea(const nmea_data &n)

@@ -1,26 +1,24 @@
 #include "gps/gpsplt.h"
 
-#include "archive/hdrtxts.h"
-
 #include <QDateTime>
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
 
-static const char HEADER[] = "OziExplorer Track Point File Version 2.0\r\n"
-                             "WGS 84\r\n"
-                             "Altitude is in Feet\r\n"
-                             "Reserved 3\r\n"
-                             "0,2,255,";
-
-cGpsPlt::cGpsPlt(QObject *parent) : QObject(parent)
+namespace
 {
-    connect(&m_nmea, SIGNAL(signal_Data(nmea_data)), this, SLOT(_slot_Nmea(nmea_data)));
-}
+constexpr char HEADER[] = "OziExplorer Track Point File Version 2.0\r\n"
+                          "WGS 84\r\n"
+                          "Altitude is in Feet\r\n"
+                          "Reserved 3\r\n"
+                          "0,2,255,";
+} // namespace
+
+cGpsPlt::cGpsPlt(QObject *parent) : cTrackWriter(parent) {}
 
 cGpsPlt::~cGpsPlt()
 {
-    // The header is split at commas and lines: a name must bring none of its own.
+    // Commas and line ends separate the fields of the header, so the name must not contain any.
     m_name.replace(u',', u';').replace(u'\r', u' ').replace(u'\n', u' ');
     m_line.begin().text(HEADER).text(m_name.toLocal8Bit()).text(",0\r\n");
     m_line.text(QByteArray::number(m_track.size())).text("\r\n");
@@ -34,25 +32,14 @@ cGpsPlt::~cGpsPlt()
     }
 }
 
-void cGpsPlt::slot_Data(const QByteArray &a)
-{
-    m_nmea.slot_Data(a);
-}
-
-void cGpsPlt::slot_Data(int what, const QString &s)
-{
-    if (what == HDRTXT_TITLE)
-        m_name = s;
-}
-
 void cGpsPlt::_slot_Nmea(const nmea_data &n)
 {
     m_track.append(n);
 }
 
-// Three fields: the day number, then date and time as text. The text has the digits of the
-// receiver's UTC, since the date of a fix is a local midnight; the day number counts from that
-// midnight and so is local time.
+// Writes three fields: the day number, the date and the time. The date of a fix is local midnight.
+// Its local time therefore has the digits of the receiver's UTC, but the day number, which counts
+// from UTC, is off by the zone's offset.
 void cGpsPlt::_dateTime(const nmea_data &n)
 {
     constexpr double daySeconds = 86400;
@@ -75,7 +62,7 @@ void cGpsPlt::_dateTime(const nmea_data &n)
     m_line.digits(c->hour, 2).text(":").digits(c->minute, 2).text(":").digits(c->second, 2);
 }
 
-// The short name of a month in the language of the system.
+// Returns the short name of a month (1 to 12) in the system's language.
 QByteArray cGpsPlt::_month(int month)
 {
     if (month != m_monthNumber) {

@@ -5,11 +5,11 @@
 
 #include <QObject>
 
-// The stream that holds what the GPS receiver said: this id and this type, both.
+// The GPS stream is the one with both this id and this type.
 inline constexpr int GPS_STREAM_ID = 0xFD;
 inline constexpr int GPS_STREAM_TYPE = STREAM_TYPE_4;
 
-// Lets the payloads of the GPS stream through, byte for byte, and drops every other block.
+// Passes on the payloads of the GPS stream, byte for byte, and drops all other blocks.
 class cGpsRaw : public QObject
 {
     Q_OBJECT
@@ -21,8 +21,7 @@ public Q_SLOTS:
     void slot_Data(const DATA_T &d);
 
 Q_SIGNALS:
-    // A payload of the receiver's text; it may end in the middle of a sentence. Good for the length
-    // of the call.
+    // A payload of receiver text, which may end within a sentence. Valid only during the call.
     void signal_Data(const QByteArray &a);
 };
 

@@ -9,19 +9,20 @@
 
 using namespace Qt::StringLiterals;
 
-// What QDateTime's predecessor of the day gave for a date that cannot be read: all bits of 32 set.
-static constexpr double UNREADABLE_DATE = 4294967295.0;
+namespace
+{
+// The date of a fix whose date field cannot be read: all 32 bits set.
+constexpr double UNREADABLE_DATE = 4294967295.0;
 
-static constexpr qsizetype NAME_LENGTH = 5;
-static constexpr std::array<const char *, NMEA_KINDS> NAMES = {"GPGGA", "GPRMC", "PGRME"};
-static constexpr QByteArrayView FIELD_CHARACTERS = "0123456789.,AENMSW+-";
-static constexpr QByteArrayView CHECKSUM_DIGITS = "0123456789ABCDEF";
+constexpr qsizetype NAME_LENGTH = 5;
+constexpr QByteArrayView FIELD_CHARACTERS = "0123456789.,AENMSW+-";
+constexpr QByteArrayView CHECKSUM_DIGITS = "0123456789ABCDEF";
 
-// A text longer than any sentence of a receiver: its memory is let go.
-static constexpr qsizetype TEXT_KEPT = 4096;
+// The memory of a longer text is freed. No real sentence is this long.
+constexpr qsizetype TEXT_KEPT = 4096;
 
-// For each byte, whether it is one of the characters given.
-static constexpr std::array<bool, 256> _tableOf(QByteArrayView characters)
+// For each byte, whether it is one of the given characters.
+constexpr std::array<bool, 256> _tableOf(QByteArrayView characters)
 {
     std::array<bool, 256> table{};
     for (const char c : characters)
@@ -29,31 +30,56 @@ static constexpr std::array<bool, 256> _tableOf(QByteArrayView characters)
     return table;
 }
 
-static constexpr std::array<bool, 256> IS_FIELD_CHARACTER = _tableOf(FIELD_CHARACTERS);
-static constexpr std::array<bool, 256> IS_CHECKSUM_DIGIT = _tableOf(CHECKSUM_DIGITS);
+constexpr std::array<bool, 256> IS_FIELD_CHARACTER = _tableOf(FIELD_CHARACTERS);
+constexpr std::array<bool, 256> IS_CHECKSUM_DIGIT = _tableOf(CHECKSUM_DIGITS);
 
-static bool _isIn(const std::array<bool, 256> &table, char c)
+bool _isIn(const std::array<bool, 256> &table, char c)
 {
     return table[static_cast<unsigned char>(c)];
 }
 
-// The part of a field from pos on, n characters at most: empty where there is none.
-static QByteArrayView _mid(QByteArrayView field, qsizetype pos, qsizetype n)
+// Returns at most n characters of a field, starting at pos; empty if the field ends before pos.
+QByteArrayView _mid(QByteArrayView field, qsizetype pos, qsizetype n)
 {
     if (pos >= field.size())
         return {};
     return field.sliced(pos, qMin(n, field.size() - pos));
 }
 
-static QByteArrayView _right(QByteArrayView field, qsizetype n)
+// Returns the last n characters of a field, or all of them if there are fewer.
+QByteArrayView _right(QByteArrayView field, qsizetype n)
 {
     return field.last(qMin(n, field.size()));
 }
 
-static bool _is(QByteArrayView field, char c)
+bool _is(QByteArrayView field, char c)
 {
     return field.size() == 1 && field.front() == c;
 }
+
+// Reads an unsigned decimal number of at most 15 characters, as most fields are. The result is the
+// quotient of two exact numbers and therefore the nearest double. Returns false for all other
+// fields.
+bool _readPlain(QByteArrayView field, double &value)
+{
+    static constexpr std::array<double, 16> POWERS = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                      1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    if (field.size() >= qsizetype(POWERS.size()))
+        return false;
+    qint64 digits = 0;
+    const char *point = nullptr;
+    for (const char &c : field) {
+        if (c >= '0' && c <= '9')
+            digits = digits * 10 + (c - '0');
+        else if (c == '.' && !point)
+            point = &c;
+        else
+            return false;
+    }
+    value = point ? double(digits) / POWERS[size_t(field.end() - point - 1)] : double(digits);
+    return true;
+}
+} // namespace
 
 cNmea::cNmea(QObject *parent) : QObject(parent), m_date(UNREADABLE_DATE) {}
 
@@ -65,8 +91,8 @@ void cNmea::slot_Data(const QByteArray &a)
         p = _take(p, end);
 }
 
-// Takes what the state at hand can use of the bytes from p to end and returns where to go on. A
-// byte that the sentence at hand cannot have is left: it may be the dollar sign of the next one.
+// Consumes the bytes from p on that the current state accepts, and returns where to continue. A
+// byte that cannot be part of the sentence is not consumed: it may be the dollar sign of the next.
 const char *cNmea::_take(const char *p, const char *end)
 {
     if (m_state == STATE_SKIP) {
@@ -99,15 +125,15 @@ const char *cNmea::_take(const char *p, const char *end)
         m_text.append(*p);
         if (m_text.size() == m_star + 1 + CHECKSUM_LENGTH) {
             _sentence();
-            _letGo();
+            _discard();
         }
         return p + 1;
     }
-    _giveUp();
+    _reject();
     return p;
 }
 
-// Takes bytes of a sentence's name, up to its end or a byte that is none of it.
+// Consumes bytes of a sentence's name, up to its end or a byte that cannot be part of it.
 const char *cNmea::_takeName(const char *p, const char *end)
 {
     const char *run = p;
@@ -117,25 +143,25 @@ const char *cNmea::_takeName(const char *p, const char *end)
     m_text.append(p, run - p);
     if (m_text.size() == NAME_LENGTH) {
         for (int kind = 0; kind < NMEA_KINDS; ++kind) {
-            if (std::memcmp(m_text.constData(), NAMES[size_t(kind)], NAME_LENGTH) == 0) {
+            if (std::memcmp(m_text.constData(), NMEA_NAMES[size_t(kind)], NAME_LENGTH) == 0) {
                 m_kind = kind;
                 m_state = STATE_FIELDS;
                 return run;
             }
         }
-        _letGo();
+        _discard();
     }
     return run;
 }
 
-void cNmea::_giveUp()
+void cNmea::_reject()
 {
     if (m_state != STATE_NAME)
         ++m_account.malformed[size_t(m_kind)];
-    _letGo();
+    _discard();
 }
 
-void cNmea::_letGo()
+void cNmea::_discard()
 {
     m_state = STATE_SKIP;
     if (m_text.capacity() > TEXT_KEPT)
@@ -143,7 +169,7 @@ void cNmea::_letGo()
     m_text.resize(0);
 }
 
-// Reads the whole sentence that m_text holds.
+// Reads the complete sentence in m_text.
 void cNmea::_sentence()
 {
     const QByteArrayView text(m_text);
@@ -170,7 +196,7 @@ void cNmea::_sentence()
     }
 }
 
-// Sets m_fields to the fields behind the first comma. False: there are fewer than are read.
+// Sets m_fields to the fields after the first comma. Returns false if there are too few.
 bool cNmea::_splitFields(QByteArrayView fields)
 {
     const char *p = fields.begin();
@@ -190,11 +216,11 @@ bool cNmea::_splitFields(QByteArrayView fields)
     return true;
 }
 
-// The checksum digits that belong to a sentence, given from its name up to the asterisk.
+// Returns the two checksum digits of a sentence, given from its name up to the asterisk.
 std::array<char, cNmea::CHECKSUM_LENGTH> cNmea::_nmeaChecksum(QByteArrayView sentence)
 {
     const char *p = sentence.begin();
-    quint64 sums = 0; // eight at once
+    quint64 sums = 0; // eight bytes at once
     for (; sentence.end() - p >= qsizetype(sizeof sums); p += sizeof sums)
         sums ^= qFromUnaligned<quint64>(p);
     sums ^= sums >> 32;
@@ -208,12 +234,7 @@ std::array<char, cNmea::CHECKSUM_LENGTH> cNmea::_nmeaChecksum(QByteArrayView sen
 void cNmea::_gpgga()
 {
     m_fix.time = _getTime(_field(0));
-    m_fix.lat = _getDegreese(_field(1));
-    if (!_is(_field(2), 'N'))
-        m_fix.lat = -m_fix.lat;
-    m_fix.lon = _getDegreese(_field(3));
-    if (!_is(_field(4), 'E'))
-        m_fix.lon = -m_fix.lon;
+    _position(1);
     m_fix.alt = _getDouble(_field(8));
 }
 
@@ -221,44 +242,28 @@ void cNmea::_gprmc()
 {
     m_fix.time = _getTime(_field(0));
     m_fix.valid = _is(_field(1), 'A');
-    m_fix.lat = _getDegreese(_field(2));
-    if (!_is(_field(3), 'N'))
-        m_fix.lat = -m_fix.lat;
-    m_fix.lon = _getDegreese(_field(4));
-    if (!_is(_field(5), 'E'))
-        m_fix.lon = -m_fix.lon;
+    _position(2);
     m_fix.speed = _getDouble(_field(6)) * KNOTS_TO_MPS;
     m_fix.course = _getDouble(_field(7));
     m_fix.date = _getDate(_field(8));
 }
 
-// The receiver's error estimate: read by nobody, but the sentence counts as one.
+// The receiver's error estimate. None of its fields is used, but the sentence emits a record.
 void cNmea::_pgrme() {}
 
-// A field of digits, with a point or without, few enough for a quotient of two exact numbers, which
-// is the nearest double. That is nearly every field. False: it has to be read in earnest.
-static bool _readPlain(QByteArrayView field, double &value)
+// Reads latitude, hemisphere, longitude and hemisphere from the four fields at index.
+void cNmea::_position(int index)
 {
-    static constexpr std::array<double, 16> POWERS = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                      1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    if (field.size() >= qsizetype(POWERS.size()))
-        return false;
-    qint64 digits = 0;
-    const char *point = nullptr;
-    for (const char &c : field) {
-        if (c >= '0' && c <= '9')
-            digits = digits * 10 + (c - '0');
-        else if (c == '.' && !point)
-            point = &c;
-        else
-            return false;
-    }
-    value = point ? double(digits) / POWERS[size_t(field.end() - point - 1)] : double(digits);
-    return true;
+    m_fix.lat = _getDegreese(_field(index));
+    if (!_is(_field(index + 1), 'N'))
+        m_fix.lat = -m_fix.lat;
+    m_fix.lon = _getDegreese(_field(index + 2));
+    if (!_is(_field(index + 3), 'E'))
+        m_fix.lon = -m_fix.lon;
 }
 
-// The longest number that the field begins with, 0 if there is none: what strtod gives in the C
-// locale, whatever the locale of the process.
+// Returns the longest number at the start of the field, 0 if there is none: the same as strtod in
+// the C locale, whatever the locale of the process.
 double cNmea::_getDouble(QByteArrayView field)
 {
     const char *begin = field.begin();
@@ -272,15 +277,15 @@ double cNmea::_getDouble(QByteArrayView field)
         return value;
     const auto [end, error] = std::from_chars(begin, field.end(), value);
     if (error == std::errc::result_out_of_range) {
-        // from_chars does not tell too large from too small.
+        // from_chars does not distinguish too large from too small.
         static const locale_t neutral = newlocale(LC_ALL_MASK, "C", nullptr);
         return strtod_l(QByteArray(begin, end - begin).constData(), nullptr, neutral);
     }
     return value;
 }
 
-// dddmm.mmmm as degrees. The split is by position: the last seven characters are the minutes. A
-// field that is shorter counts whole as both.
+// Converts dddmm.mmmm to degrees. The last seven characters are the minutes, wherever the point is.
+// A field of fewer characters is read as both degrees and minutes.
 double cNmea::_getDegreese(QByteArrayView field)
 {
     constexpr qsizetype minuteLength = 7;
@@ -290,7 +295,7 @@ double cNmea::_getDegreese(QByteArrayView field)
     return (deg * 60 + min) / 60;
 }
 
-// ddmmyy of this century as seconds since 1970 at the beginning of that day in local time.
+// Converts ddmmyy, a date in this century, to the seconds since 1970 at local midnight.
 double cNmea::_getDate(QByteArrayView field)
 {
     const QByteArrayView dayAndMonth = _mid(field, 0, 4);
@@ -306,7 +311,7 @@ double cNmea::_getDate(QByteArrayView field)
     return m_date;
 }
 
-// hhmmss.sss as seconds.
+// Converts hhmmss.sss to seconds.
 double cNmea::_getTime(QByteArrayView field)
 {
     return _getDouble(_mid(field, 0, 2)) * 3600 + _getDouble(_mid(field, 2, 2)) * 60 +

@@ -10,10 +10,11 @@
 // Knots to metres per second.
 inline constexpr double KNOTS_TO_MPS = 0.514444444;
 
-// The fix as it has been told up to now: each sentence updates the fields that it carries.
+// The most recent fix. Each sentence updates the fields that it contains; the others keep their
+// values.
 struct nmea_data {
-    bool valid = false; // the last GPRMC said so
-    double time = 0;    // seconds since midnight, UTC, with fraction
+    bool valid = false; // the status of the last GPRMC was "A"
+    double time = 0;    // UTC, seconds since midnight, with fraction
     double date = 0; // local midnight of the UTC date, seconds since 1970; 4294967295 if unreadable
     double lat = 0;  // decimal degrees, north positive
     double lon = 0;  // decimal degrees, east positive
@@ -22,26 +23,26 @@ struct nmea_data {
     double course = 0; // degrees
 };
 
-// The sentences that the decoder reads, in the order in which its account counts them.
+// The sentences that the decoder reads; indexes into NMEA_NAMES and the counts of its account.
 enum { NMEA_GPGGA, NMEA_GPRMC, NMEA_PGRME, NMEA_KINDS };
+inline constexpr std::array<const char *, NMEA_KINDS> NMEA_NAMES = {"GPGGA", "GPRMC", "PGRME"};
 
-// What became of the sentences that began with a name that the decoder reads.
+// Counts the sentences that began with one of NMEA_NAMES, by outcome.
 struct NMEA_ACCOUNT_T {
     using counts = std::array<qint64, NMEA_KINDS>;
     counts accepted{};
     counts badChecksum{};
-    counts tooFewFields{};
-    counts malformed{}; // cut short, or with a character that such a sentence does not have
-    qint64 points = 0;  // records emitted
+    counts tooFewFields{}; // fewer than the nine fields that a GPGGA or GPRMC needs
+    counts malformed{};    // cut off, or with a character that does not belong in a sentence
+    qint64 points = 0;     // records emitted
 };
 
-// Decodes the text of a GPS receiver: the sentences GPGGA, GPRMC and PGRME; all others are skipped.
+// Decodes the text of a GPS receiver: the sentences GPGGA, GPRMC and PGRME. All others are skipped.
 //
-// The text comes in chunks that may end anywhere; CR and LF count nowhere. A chunk is read up to
-// its first zero byte. After each sentence with a good checksum the whole record is emitted, once a
-// GPRMC has declared the fix valid. Nothing in the text is an error. What can no longer become a
-// sentence is let go at once, so that only an unfinished sentence is held from one chunk to the
-// next.
+// The text arrives in chunks that may end anywhere; CR and LF are ignored. A chunk is read up to
+// its first zero byte. Once a GPRMC has declared the fix valid, the whole record is emitted after
+// each sentence with a correct checksum. No input is an error. Text that can no longer become a
+// sentence is discarded at once, so only an unfinished sentence is kept between chunks.
 class cNmea : public QObject
 {
     Q_OBJECT
@@ -52,15 +53,15 @@ public:
     const NMEA_ACCOUNT_T &account() const { return m_account; }
 
 public Q_SLOTS:
-    // May emit any number of records. The chunk is not needed behind the call.
+    // Decodes a chunk, which need not outlive the call. May emit any number of records.
     void slot_Data(const QByteArray &a);
 
 Q_SIGNALS:
-    // Good for the length of the call.
+    // A decoded record. Valid only during the call.
     void signal_Data(const nmea_data &n);
 
 private:
-    // Fields that a sentence must have behind its name, and the only ones that are read.
+    // The number of fields that are read. A sentence needs at least as many after its name.
     static constexpr int FIELDS_READ = 9;
     static constexpr qsizetype CHECKSUM_LENGTH = 2;
 
@@ -68,8 +69,8 @@ private:
 
     const char *_take(const char *p, const char *end);
     const char *_takeName(const char *p, const char *end);
-    void _giveUp();
-    void _letGo();
+    void _reject();
+    void _discard();
     void _sentence();
     QByteArrayView _field(int index) const { return m_fields.at(size_t(index)); }
     bool _splitFields(QByteArrayView fields);
@@ -78,20 +79,21 @@ private:
     void _gpgga();
     void _gprmc();
     void _pgrme();
+    void _position(int index);
     static double _getDouble(QByteArrayView field);
     static double _getDegreese(QByteArrayView field);
     double _getDate(QByteArrayView field);
     static double _getTime(QByteArrayView field);
 
-    // The sentence at hand, from behind its dollar sign on, without CR and LF.
+    // The unfinished sentence, starting after its dollar sign, without CR and LF.
     QByteArray m_text;
     int m_state = STATE_SKIP;
     qsizetype m_star = 0; // offset of the asterisk in m_text
-    int m_kind = 0;       // of the sentence at hand
+    int m_kind = 0;       // of the unfinished sentence, an index into NMEA_NAMES
     std::array<QByteArrayView, FIELDS_READ> m_fields;
     nmea_data m_fix;
     NMEA_ACCOUNT_T m_account;
-    // What counts of the last date field: only a new one is taken through the calendar.
+    // The digits of the last date field and its value: only a different date is converted.
     QByteArray m_dateField;
     double m_date = 0;
 };

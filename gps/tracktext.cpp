@@ -1,78 +1,52 @@
 #include "gps/tracktext.h"
 
-#include <QDateTime>
-
 #include <bit>
 #include <charconv>
-#include <chrono>
 #include <cmath>
-#include <cstring>
+#include <ctime>
 #include <limits>
 
 using namespace Qt::StringLiterals;
 
-// More than a line of a plain track takes.
-static constexpr qsizetype USUAL_SPACE = 256;
+namespace
+{
+// Enough for most lines.
+constexpr qsizetype USUAL_SPACE = 256;
+} // namespace
 
 qint64 nearestSecond(const nmea_data &n)
 {
     const double sum = n.date + n.time + 0.5;
-    constexpr double beyond = 9223372036854775808.0; // 2^63
+    constexpr double limit = 9223372036854775808.0; // 2^63
     if (std::isnan(sum))
         return 0;
-    if (sum >= beyond)
+    if (sum >= limit)
         return std::numeric_limits<qint64>::max();
-    if (sum < -beyond)
+    if (sum < -limit)
         return std::numeric_limits<qint64>::min();
     return qint64(sum);
 }
 
 const cLocalClock::CIVIL *cLocalClock::civil(qint64 second)
 {
-    namespace chrono = std::chrono;
-    constexpr qint64 daySeconds = 86400;
-    constexpr qint64 firstSecond = -62135510400; // a day and more inside the years 1 to 9999
+    constexpr qint64 firstSecond = -62135510400; // a day or more within the years 1 to 9999
     constexpr qint64 lastSecond = 253402214400;
-    if (second < firstSecond || second > lastSecond)
+    const auto at = time_t(second);
+    if (second < firstSecond || second > lastSecond || at != second)
         return nullptr;
-    if (second < m_from || second >= m_to)
-        _findOffset(second);
-    const qint64 local = second + m_offset;
-    const qint64 day = (local >= 0 ? local : local - daySeconds + 1) / daySeconds;
-    if (day != m_day) {
-        const chrono::year_month_day date{chrono::sys_days{chrono::days{day}}};
-        m_civil.year = int(date.year());
-        m_civil.month = int(unsigned(date.month()));
-        m_civil.day = int(unsigned(date.day()));
-        m_day = day;
+    if (second != m_second) {
+        tm local{};
+        localtime_r(&at, &local);
+        m_civil = {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+                   local.tm_hour,        local.tm_min,     local.tm_sec};
+        m_second = second;
     }
-    const int rest = int(local - day * daySeconds);
-    m_civil.hour = rest / 3600;
-    m_civil.minute = rest / 60 % 60;
-    m_civil.second = rest % 60;
     return &m_civil;
-}
-
-// Clocks are changed at most once in a quarter of an hour: where its first and its last second have
-// the same offset, all between them have it. A quarter in which they differ is asked second by
-// second.
-void cLocalClock::_findOffset(qint64 second)
-{
-    constexpr qint64 quarter = 900;
-    const auto offset = [](qint64 at) { return QDateTime::fromSecsSinceEpoch(at).offsetFromUtc(); };
-    m_from = second - (second % quarter + quarter) % quarter;
-    m_to = m_from + quarter;
-    m_offset = offset(m_from);
-    if (offset(m_to - 1) != m_offset) {
-        m_from = second;
-        m_to = second + 1;
-        m_offset = offset(second);
-    }
 }
 
 cTrackLine &cTrackLine::begin()
 {
-    if (!m_bytes.isDetached()) // a receiver keeps the last line
+    if (!m_bytes.isDetached()) // somebody kept a copy of the last line
         m_bytes = QByteArray();
     m_bytes.resize(qMax(m_bytes.capacity(), USUAL_SPACE));
     m_begin = m_bytes.data();
@@ -95,14 +69,24 @@ cTrackLine &cTrackLine::digits(int value, int count)
 
 cTrackLine &cTrackLine::number(double value, int width, int decimals)
 {
+    if (!_number(value, decimals))
+        text(u"%0"_s.arg(value, width, 'f', decimals).toLatin1());
+    return *this;
+}
+
+#ifdef __SIZEOF_INT128__
+// Appends the number, or returns false if it is too large. The result is never shorter than the
+// widths in use.
+bool cTrackLine::_number(double value, int decimals)
+{
     __extension__ using uint128 = unsigned __int128;
     constexpr double limit = 8796093022208.0; // 2^43: with six decimals it fits in 63 bits
-    constexpr int roundsToZero = 80; // a mantissa shifted so far is nothing in six decimals
+    constexpr int roundsToZero = 80; // any mantissa shifted this far is zero in six decimals
     if (!(std::fabs(value) < limit))
-        return text(u"%0"_s.arg(value, width, 'f', decimals).toLatin1());
+        return false;
 
-    // |value| is mantissa / 2^shift, exactly; what is wanted is |value| * 10^decimals, rounded to
-    // the nearest whole number and a tie away from zero.
+    // |value| is exactly mantissa / 2^shift. The result is |value| * 10^decimals, rounded to the
+    // nearest integer, ties away from zero.
     const auto bits = std::bit_cast<quint64>(value);
     const int exponent = int(bits >> 52) & 0x7FF;
     const quint64 mantissa = (bits & 0xFFFFFFFFFFFFF) | (exponent > 0 ? quint64(1) << 52 : 0);
@@ -124,8 +108,14 @@ cTrackLine &cTrackLine::number(double value, int width, int decimals)
         p[i] = char('0' + fraction % 10);
     p += decimals;
     m_length += p - begin;
-    return *this; // never shorter than the widths in use
+    return true;
 }
+#else
+bool cTrackLine::_number(double /*value*/, int /*decimals*/)
+{
+    return false; // slower, but the same digits
+}
+#endif
 
 const QByteArray &cTrackLine::bytes()
 {

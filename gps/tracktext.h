@@ -7,16 +7,17 @@
 #include <QByteArrayView>
 
 #include <cstring>
+#include <limits>
 
-// What the writers of tracks share: the text of numbers and times. All of it is, byte for byte,
-// what QString::arg and QDateTime::toString give, without an allocation or a look-up of the time
-// zone for each point.
+// Numbers and times as text, for the track writers. The text is the same as that of QString::arg
+// and QDateTime::toString, but needs no memory allocation for each point.
 
-// Seconds since 1970 of a fix, to the nearest whole one, a fraction of .5 upwards. What no 64-bit
-// number can hold becomes the nearest that can; not-a-number becomes 0.
+// Returns the time of a fix in seconds since 1970, rounded to the nearest second, halves up. Times
+// beyond the range of qint64 become its minimum or maximum; not-a-number becomes 0.
 qint64 nearestSecond(const nmea_data &n);
 
-// Tells the local time of instants that follow one another closely.
+// Converts seconds since 1970 to local time. The last result is kept, because receivers send
+// several sentences for each second.
 class cLocalClock
 {
 public:
@@ -29,25 +30,20 @@ public:
         int second = 0;
     };
 
-    // The local date and time of an instant in seconds since 1970; null where the year does not
-    // have one to four digits. Good until the next call.
+    // Returns the local date and time, or null if the year does not have one to four digits. Valid
+    // until the next call.
     const CIVIL *civil(qint64 second);
 
 private:
-    void _findOffset(qint64 second);
-
-    qint64 m_from = 0;   // from this second on,
-    qint64 m_to = 0;     // up to but without this one, local time is
-    qint64 m_offset = 0; // so many seconds ahead of UTC
-    qint64 m_day = 0;    // the day, counted from 1970, that m_civil's date is of
-    CIVIL m_civil{1970, 1, 1};
+    qint64 m_second = std::numeric_limits<qint64>::min(); // m_civil is the time of this second
+    CIVIL m_civil;
 };
 
-// Bytes of output, put together piece by piece in memory that is used again for the next line.
+// Builds a line of output. The memory is reused for the next line.
 class cTrackLine
 {
 public:
-    // Empties the line.
+    // Starts an empty line. The other operations append to it.
     cTrackLine &begin();
     cTrackLine &text(QByteArrayView bytes)
     {
@@ -56,17 +52,18 @@ public:
         m_length += bytes.size();
         return *this;
     }
-    // A number with so many decimals, 1 or 6, and a point; filled with blanks on the left up to
-    // width, which is at most 8, with one decimal 3.
+    // Appends a number with a point and 1 or 6 decimals, padded with spaces on the left to width:
+    // at most 3 with one decimal, 8 with six.
     cTrackLine &number(double value, int width, int decimals);
-    // A number from 0 to 9999 in at least so many digits, up to 4, with zeros in front.
+    // Appends a number from 0 to 9999, padded with zeros to at least count (1 to 4) digits.
     cTrackLine &digits(int value, int count);
 
-    // Ends the line. Good until the next begin, which has to come ahead of the next piece.
+    // Ends the line and returns it. Valid until the next begin(), which must come before anything
+    // else is appended.
     const QByteArray &bytes();
 
 private:
-    // Where the next n bytes go.
+    // Returns the place for the next n bytes.
     char *_room(qsizetype n)
     {
         if (m_length + n > m_space)
@@ -74,11 +71,13 @@ private:
         return m_begin + m_length;
     }
     void _grow(qsizetype n);
+    bool _number(double value, int decimals);
 
     QByteArray m_bytes;
-    char *m_begin = nullptr; // the bytes of m_bytes,
-    qsizetype m_space = 0;   // so many,
-    qsizetype m_length = 0;  // of which so many are written
+    // m_bytes.data() and m_bytes.size(), without data()'s check for shared memory.
+    char *m_begin = nullptr;
+    qsizetype m_space = 0;
+    qsizetype m_length = 0; // bytes written
 };
 
 #endif
