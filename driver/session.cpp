@@ -2,9 +2,9 @@
 
 #include "settings/inifile.h"
 #include "ui/globals.h"
+#include "zel/zelwindow.h"
 
 #include <QCoreApplication>
-#include <QWidget>
 
 #include <string>
 
@@ -21,7 +21,7 @@ QString versionLine()
     return QString::fromLatin1(gSettings->GetString("common", "options_version", "").c_str());
 }
 
-void restoreSession(QWidget *window)
+void restoreSession(ZelWindow *window)
 {
     const std::string section = _section();
     const int height = gSettings->GetInt(section, "winHeight", 220);
@@ -36,7 +36,7 @@ void restoreSession(QWidget *window)
         window->setVisible(true);
 }
 
-void storeSession(const QWidget &window)
+void storeSession(const ZelWindow &window)
 {
     const std::string section = _section();
     const bool maximised = window.isMaximized();

@@ -59,6 +59,34 @@ private Q_SLOTS:
         }
     }
 
+    // On one screen of 800 by 800 pixels.
+    void staysReachable()
+    {
+        ZelWindow window;
+        window.setCentralWidget(new QPushButton("A text that the window may not cut off"));
+        const QSize least = window.minimumSize();
+        const int half = window.zelWindowTitle()->sizeHint().height() / 2;
+        QVERIFY(half > 10 && least.width() > 150 && least.height() > 3 * half);
+        constexpr int MIN = std::numeric_limits<int>::min(), MAX = std::numeric_limits<int>::max();
+        const struct {
+            int left, top, width, height;
+            QRect frame;
+        } rows[] = {{10, 20, 300, 200, {10, 20, 300, 200}},
+                    {-180, -half, 300, 200, {-180, -half, 300, 200}},
+                    {-181, 20, 300, 200, {0, 20, 300, 200}},
+                    {680, 800 - half - 1, 300, 200, {680, 800 - half - 1, 300, 200}},
+                    {681, 20, 300, 200, {500, 20, 300, 200}},
+                    {10, -half - 2, 300, 200, {10, 0, 300, 200}},
+                    {10, 802 - half, 300, 200, {10, 600, 300, 200}},
+                    {0, 0, 0, -1, {{0, 0}, least}},
+                    {MIN, MIN, MIN, MIN, {{0, 0}, least}},
+                    {MAX, MAX, MAX, MAX, {0, 0, 800, 800}}};
+        for (const auto &[left, top, width, height, frame] : rows) {
+            window.setGeometry(left, top, width, height);
+            QCOMPARE(window.geometry(), frame);
+        }
+    }
+
     void edgesShowWhereToDrag()
     {
         ZelWindow window;

@@ -7,10 +7,13 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 #include <QToolButton>
 #include <QWindow>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +29,9 @@ constexpr int CORNER = 14;
 // How far the content extends under the border and the title bar. Forms have margins made for a
 // window of their own, and with large fonts a small frame needs that space for the texts.
 constexpr int OVERLAP = 4;
+// How much of the title bar must be on a screen: its buttons and some space beside them, by which
+// the window can be dragged.
+constexpr int REACH = 120;
 
 Qt::CursorShape _cursorFor(Qt::Edges edges)
 {
@@ -180,6 +186,25 @@ void ZelWindow::setWindowTitle(const QString &richText)
     m_title->_setText(richText);
 }
 
+void ZelWindow::setGeometry(int left, int top, int width, int height)
+{
+    QRect all;
+    for (const QScreen *screen : QGuiApplication::screens())
+        all |= screen->geometry();
+    const QSize size = QSize(width, height).boundedTo(all.size()).expandedTo(_leastSize());
+    // A window beyond these bounds is out of sight in any case. They keep the arithmetic from
+    // overflowing.
+    QRect frame({qBound(all.left() - size.width(), left, all.right() + 1),
+                 qBound(all.top() - size.height(), top, all.bottom() + 1)},
+                size);
+    if (!_isReachable(frame)) {
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        frame.moveLeft(qMax(screen.left(), qMin(frame.left(), screen.right() + 1 - size.width())));
+        frame.moveTop(qMax(screen.top(), qMin(frame.top(), screen.bottom() + 1 - size.height())));
+    }
+    QWidget::setGeometry(frame);
+}
+
 ZelWindowTitle *ZelWindow::zelWindowTitle() const
 {
     return m_title;
@@ -238,8 +263,6 @@ void ZelWindow::mousePressEvent(QMouseEvent *event)
         return;
     const QPoint position = event->position().toPoint();
     if (const Qt::Edges edges = _edgesAt(position)) {
-        // Only while the user resizes the window: a stored size may well be smaller.
-        windowHandle()->setMinimumSize(_leastSize());
         windowHandle()->startSystemResize(edges);
     } else if (_isOnTitle(position)) {
         m_pressed = position;
@@ -300,9 +323,20 @@ bool ZelWindow::_isOnTitle(const QPoint &position) const
     return m_title->geometry().contains(position);
 }
 
+bool ZelWindow::_isReachable(const QRect &frame) const
+{
+    const QRect title(frame.topLeft(), QSize(frame.width(), m_title->sizeHint().height()));
+    const auto screens = QGuiApplication::screens();
+    return std::any_of(screens.begin(), screens.end(), [&](const QScreen *screen) {
+        const QRect seen = title & screen->availableGeometry();
+        return seen.width() >= qMin(REACH, title.width()) && 2 * seen.height() >= title.height();
+    });
+}
+
 // The window lays out its two children itself, because a QLayout cannot let them overlap.
 void ZelWindow::_layOut()
 {
+    setMinimumSize(_leastSize());
     const int border = _border();
     const QRect inner = rect().adjusted(border, border, -border, -border);
     const int height = m_title->sizeHint().height();

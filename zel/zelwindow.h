@@ -47,6 +47,11 @@ public:
     // with QWidget::setWindowTitle.
     void setWindowTitle(const QString &richText);
 
+    // Moves and resizes the window, in pixels. Accepts any numbers: the window never becomes
+    // smaller than its title bar and content need, or larger than all screens together. If its
+    // title bar would be out of reach, the window is placed on the primary screen.
+    void setGeometry(int left, int top, int width, int height);
+
     // Returns the title bar, which the window owns.
     [[nodiscard]] ZelWindowTitle *zelWindowTitle() const;
 
@@ -65,6 +70,7 @@ private Q_SLOTS:
 private:
     [[nodiscard]] Qt::Edges _edgesAt(const QPoint &position) const;
     [[nodiscard]] bool _isOnTitle(const QPoint &position) const;
+    [[nodiscard]] bool _isReachable(const QRect &frame) const;
     [[nodiscard]] int _border() const;
     // The smallest size at which the title bar and the content are usable.
     [[nodiscard]] QSize _leastSize() const;
