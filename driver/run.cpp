@@ -27,8 +27,7 @@ void _pump(QFile *input, cVrk3Parser *parser, cDlgProgress *progress)
 {
     // One buffer for the whole run. A new one for each block would be mapped and faulted in again.
     QByteArray block;
-    // Asked once. Asking for each block is measurable in the cost of the whole run.
-    const qint64 size = input->size();
+    qint64 size = 0;
     while (!input->atEnd() && progress->isVisible()) {
         block.resize(BLOCK_SIZE);
         block.resize(qMax<qint64>(0, input->read(block.data(), BLOCK_SIZE)));
@@ -36,9 +35,7 @@ void _pump(QFile *input, cVrk3Parser *parser, cDlgProgress *progress)
         if (block.isEmpty())
             return;
         parser->slot_Data(block);
-        // Special files may deliver bytes although their size is 0.
-        if (size > 0)
-            progress->ui.progressBar->setValue(static_cast<int>(input->pos() * 100 / size));
+        progress->ui.progressBar->setValue(percentRead(*input, &size));
         QCoreApplication::processEvents();
     }
 }
@@ -60,4 +57,12 @@ void runExtraction()
     progress.setVisible(true);
     _pump(&input, &chain.parser(), &progress);
     progress.accept();
+}
+
+int percentRead(const QFile &file, qint64 *size)
+{
+    // Asking the system for each block would be measurable in the cost of the whole run.
+    if (file.pos() > *size)
+        *size = file.size();
+    return *size > 0 ? static_cast<int>(file.pos() * 100 / *size) : 0;
 }

@@ -1,4 +1,5 @@
 #include "driver/outputnames.h"
+#include "driver/run.h"
 #include "ui/globals.h"
 #include "ui/winmain.h"
 #include "zel/zelstyle.h"
@@ -83,6 +84,19 @@ private Q_SLOTS:
             QCOMPARE(proposedOutputs({u"x.y"_s, input}, filter).last(), output);
     }
 
+    void percentFollowsAGrowingFile()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        qint64 known = 0;
+        const int rows[][3] = {
+            {0, 0, 0}, {200, 1, 0}, {200, 199, 99}, {300, 200, 100}, {300, 201, 67}};
+        for (const auto &[size, position, percent] : rows) {
+            QVERIFY(file.resize(size) && file.seek(position));
+            QCOMPARE(percentRead(file, &known), percent);
+        }
+    }
+
     void tabReachesAll()
     {
         QStringList names;
@@ -107,8 +121,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, language);
         QTranslator own, qt;
-        const bool loaded = own.load(VRKTRK_QM "/vrktrk" + language) &&
-                            qt.load(VRKTRK_QM "/qtbase" + language);
+        const bool loaded =
+            own.load(VRKTRK_QM "/vrktrk" + language) && qt.load(VRKTRK_QM "/qtbase" + language);
         QCOMPARE(loaded, !language.isEmpty());
         QCoreApplication::installTranslator(&own);
         QCoreApplication::installTranslator(&qt);
