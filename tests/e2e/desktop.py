@@ -1,4 +1,4 @@
-"""A virtual desktop on which the real program is started and used as a person would use it.
+"""A virtual desktop on which tests start the real program and use it like a person.
 
     class MyTest(desktop.Case):
         def test_something(self):
@@ -6,18 +6,17 @@
                 program.press("radio button", "GPS Exchange Format (.gpx)")
                 program.press("push button", "OK")
                 program.fill_in("Save", self.folder / "b.gpx")
-            # It has ended by now, with exit code 0 and without a word.
+            # Now the program has ended, with exit code 0 and without any output.
 
     unittest.main()
 
-A Desktop has an X server (or a Wayland compositor), a window manager and a message bus of its own, so
-that tests run side by side and leave the person's own desktop alone. Widgets are found by their role
-and name over the accessibility bus, and everything waits for what it needs: there are no delays to
-tune. Where a wait ends in vain, the message lists the widgets that were there, and a picture of the
-screen lies in the working directory, its name in the message too.
+A Desktop has its own X server (or Wayland compositor), window manager and message bus, so tests can run
+in parallel and do not touch the developer's desktop. Widgets are found by role and name over the
+accessibility bus. Every step waits for what it needs; there are no delays to tune. A wait that times
+out lists the widgets on the screen and leaves a screenshot in the working directory.
 
-The program runs in English unless a test asks for another language.
-As root it runs without root's power over files, so that an unreadable file is one.
+The program runs in English unless a test sets another language. If the tests run as root, the program
+runs without root's privileges, because root can read every file.
 
 Environment: VRKTRK_PROGRAM, the program to test.
 """
@@ -29,22 +28,22 @@ import tempfile
 import time
 import unittest
 
-PATIENCE = 30  # seconds; under sanitizers and on a busy machine everything takes long
+PATIENCE = 30  # seconds, for sanitizers and busy machines
 
 
 def wait_for(what, probe, is_hopeless=lambda: False):
-    """Calls probe until it gives something true, which is the result."""
+    """Calls probe until it returns something true, and returns that."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end and not is_hopeless():
         found = probe()
         if found:
             return found
         time.sleep(0.02)
-    raise AssertionError(f"waited in vain for {what() if callable(what) else what}")
+    raise AssertionError(f"timed out waiting for {what() if callable(what) else what}")
 
 
 class Desktop:
-    """One a process: the accessibility library binds itself to the first bus that it meets."""
+    """Create one per process, because the accessibility library stays on the first bus it finds."""
 
     def __init__(self, wayland=False, size="1280x1024"):
         self.wayland = wayland
@@ -65,7 +64,7 @@ class Desktop:
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._serve(
             "dbus-daemon", "--session", "--nofork", "--print-address={ready}")
         if self.wayland:
-            # The debug protocol is what lets a picture of the screen be taken.
+            # Screenshots need the debug protocol.
             self._serve("weston", "--backend=headless-backend.so", "--use-pixman", "--no-config",
                         "--debug", "--socket=vrktrk", f"--width={size.split('x')[0]}",
                         f"--height={size.split('x')[1]}")
@@ -77,14 +76,16 @@ class Desktop:
             up = pathlib.Path(self.runtime.name, "openbox")
             self._serve("openbox", "--sm-disable", "--startup", f"touch {up}")
             wait_for("the window manager", up.exists)
-        # Only now, for the library looks for its bus while it is loaded.
+        # Imported only now, because the library looks for its bus while it is loaded.
         import gi
         gi.require_version("Atspi", "2.0")
         from gi.repository import Atspi, GLib
+        # By default a call fails if a program older than 15 seconds does not answer it in 0.8.
+        Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)
         self.atspi, self.error = Atspi, GLib.Error
 
     def _serve(self, *command):
-        """Starts a service. One that takes a {ready} descriptor is waited for; gives its answer."""
+        """Starts a service. If it takes a {ready} descriptor, waits for and returns its answer."""
         read, write = os.pipe()
         self.processes.append(subprocess.Popen(
             [part.replace("{ready}", str(write)) for part in command], pass_fds=[write],
@@ -93,7 +94,7 @@ class Desktop:
         with os.fdopen(read) as answer:
             said = answer.readline().strip() if any("{ready}" in part for part in command) else "-"
         if not said:
-            raise AssertionError(f"{command[0]} does not start")
+            raise AssertionError(f"{command[0]} has not started")
         return said
 
     def close(self):
@@ -105,7 +106,7 @@ class Desktop:
         self.runtime.cleanup()
 
     def picture(self, path, widget=None):
-        """Writes what the screen shows as PNG, or what a widget shows (X11 only)."""
+        """Writes a picture of the screen or, on X11, of one widget as PNG."""
         if self.wayland:
             with tempfile.TemporaryDirectory() as folder:
                 subprocess.run(["weston-screenshooter"], cwd=folder, check=True, stdout=self.log)
@@ -117,7 +118,7 @@ class Desktop:
 
 
 class Program:
-    """The program, running. Roles and names are those that a screen reader would say."""
+    """The running program. Roles and names are those that a screen reader says."""
 
     def __init__(self, desktop, arguments, cwd, home, environment):
         self.desktop = desktop
@@ -148,9 +149,9 @@ class Program:
                 self.output.close()
 
     def widgets(self):
-        """All widgets of the program from the top down, each as (depth, widget)."""
+        """Yields all widgets of the program as (depth, widget), parents first."""
         root = self.desktop.atspi.get_desktop(0)
-        # Nobody listens to changes here, so nothing may be remembered.
+        # The cache would be stale, because nothing here listens to changes.
         root.clear_cache()
         applications = (root.get_child_at_index(i) for i in range(root.get_child_count()))
         pending = [(0, application) for application in applications
@@ -158,14 +159,14 @@ class Program:
         while pending:
             depth, widget = pending.pop()
             yield depth, widget
-            # Qt complains when a list of files is asked for its items before it has read them.
+            # Qt prints a warning if a list of files is asked for its items before it has read them.
             if widget.get_role_name() in ("list", "tree", "table"):
                 continue
             children = (widget.get_child_at_index(i) for i in range(widget.get_child_count()))
             pending += reversed([(depth + 1, child) for child in children if child])
 
     def shows(self, role, name=None, states=("SHOWING", "SENSITIVE")):
-        """The first widget of this role and name in these states, or None."""
+        """Returns the first widget with this role, name and states, or None."""
         wanted = [getattr(self.desktop.atspi.StateType, state) for state in states]
         try:
             for _, widget in self.widgets():
@@ -173,11 +174,11 @@ class Program:
                     if all(widget.get_state_set().contains(state) for state in wanted):
                         return widget
         except self.desktop.error:
-            pass  # The widgets changed under our eyes.
+            pass  # The widgets changed during the search.
         return None
 
     def find(self, role, name=None, **states):
-        """Waits for what shows() looks for."""
+        """Waits for such a widget and returns it."""
         return wait_for(lambda: f"{role} {name!r}, {self._state()}",
                         lambda: self.shows(role, name, **states),
                         lambda: self.process.poll() is not None)
@@ -186,28 +187,29 @@ class Program:
         self.find(role, name).do_action(0)
 
     def keys(self, role, name, *keys):
-        """Presses keys, named as xdotool does, when the window of this role and name has the
-        keyboard (X11 only)."""
+        """Waits until this window has the focus, then presses keys with xdotool's names (X11)."""
         self.find(role, name, states=["ACTIVE"])
         subprocess.run(["xdotool", "key", "--delay", "30", *keys], check=True)
 
-    def fill_in(self, dialog, path):
-        """Enters a name in the file dialog of this title ("Open", "Save") and presses its button."""
+    def fill_in(self, dialog, path, replace=False):
+        """Enters a name in the file dialog with this title ("Open", "Save") and confirms it."""
         self.find("dialog", dialog)
         self.find("text", "File name:").set_text_contents(str(path))
         self.press("push button", dialog)
+        if replace:
+            self.press("push button", "Yes")
 
     def proposal(self):
-        """The name that stands in the file dialog."""
+        """Returns the name in the file dialog."""
         return self.find("text", "File name:").get_text(0, -1)
 
     def ends(self):
-        """Waits for the end: exit code 0, and nothing on standard output and error."""
+        """Waits for the program to end with exit code 0 and without any output."""
         wait_for(lambda: f"the end, {self._state()}", lambda: self.process.poll() is not None)
         self.output.seek(0)
         said = self.output.read().decode(errors="replace")
         if self.process.returncode or said:
-            raise AssertionError(f"exit code {self.process.returncode}, said {said[:500]!r}")
+            raise AssertionError(f"exit code {self.process.returncode}, output {said[:500]!r}")
 
     def _state(self):
         state = f"exit code {self.process.poll()}, picture in failed-{self.process.pid}.png"
@@ -220,7 +222,7 @@ class Program:
 
 
 class Case(unittest.TestCase):
-    """A test with a desktop for all, and for each an empty folder and a home of its own."""
+    """A test case with one desktop, and a new empty folder and home for each test."""
 
     wayland = False
 
@@ -238,5 +240,5 @@ class Case(unittest.TestCase):
         self.home.mkdir()
 
     def start(self, *arguments, **environment):
-        """Starts the program in the test's folder; use it with `with`."""
+        """Starts the program in the test's folder. Use the result in a `with` statement."""
         return Program(self.desktop, arguments, self.folder, self.home, environment)
