@@ -1,4 +1,4 @@
-"""What the program remembers, what it starts from, and which language it speaks."""
+"""What the program remembers, what it needs to start, and which language it uses."""
 import configparser
 import os
 import pathlib
@@ -17,19 +17,21 @@ def xdotool(*arguments):
     return subprocess.run(["xdotool", *arguments], check=True, capture_output=True, text=True).stdout
 
 
-def stands(place):
+def place_of(window):
+    return " ".join(re.findall(r"=(-?\d+)", xdotool("getwindowgeometry", "--shell", window))[1:5])
+
+
+def comes_to(place):
     """An act of a session: wait until the frame has this place and size on the screen."""
-    def act(program, window):
-        desktop.wait_for(place, lambda: " ".join(re.findall(
-            r"=(-?\d+)", xdotool("getwindowgeometry", "--shell", window))[1:5]) == place)
-    return act
+    return lambda program, window: desktop.wait_for(
+        lambda: f"{place}, not {place_of(window)}", lambda: place_of(window) == place)
 
 
 def move(place):
     def act(program, window):
         x, y, width, height = place.split()
         xdotool("windowmove", window, x, y, "windowsize", window, width, height)
-        stands(place)(program, window)
+        comes_to(place)(program, window)
     return act
 
 
@@ -45,12 +47,11 @@ class SettingsTest(desktop.Case):
         self.user_file = self.home / ".config/Ostravane/settings.ini"
 
     def session(self, act=lambda program, window: None, **environment):
-        """Starts, acts on the frame and cancels; gives what the settings hold by then."""
+        """Starts the program, acts on the frame and cancels. Returns the stored geometry."""
         with self.start("a.vrk3", **environment) as program:
-            button = program.find("push button", "Cancel")
-            act(program, xdotool("search", "--sync", "--onlyvisible",
-                                 "--name", "^VrkTrk$").strip())
-            button.do_action(0)
+            program.find("filler", "VrkTrk", states=["ACTIVE"])
+            act(program, xdotool("search", "--onlyvisible", "--name", "^VrkTrk$").strip())
+            program.press("push button", "Cancel")
         settings = configparser.ConfigParser()
         settings.read(self.user_file)
         return " ".join(settings["vrktrk.session"][key] for key in KEYS)
@@ -58,17 +59,27 @@ class SettingsTest(desktop.Case):
     def test_comes_back_as_it_was(self):
         first, moved = "100 100 480 220", "210 133 515 301"
         maximise, restore = ("Maximize", "Restore"), ("Restore", "Maximize")
-        for act, stored in ((stands(first), first + " false"), (move(moved), moved + " false"),
+        for act, stored in ((comes_to(first), first + " false"), (move(moved), moved + " false"),
                             (toggle(*maximise), moved + " true"),
-                            (stands("0 0 1280 1024"), moved + " true"),
-                            (toggle(*restore), moved + " false"), (stands(moved), moved + " false")):
+                            (comes_to("0 0 1280 1024"), moved + " true"),
+                            (toggle(*restore), moved + " false"),
+                            (comes_to(moved), moved + " false")):
             self.assertEqual(self.session(act), stored)
+
+    def test_never_out_of_reach(self):
+        self.session()
+        most, least = str(2 ** 31 - 1), str(-2 ** 31)
+        for stored, place in (([most] * 4, "0 0 1280 1024"), ([least, "20", most, "300"], "0 20 1280 300"),
+                              (["-300", "1000", "480", "220"], "-300 1000 480 220")):
+            self.user_file.write_text("[vrktrk.session]\n" + "".join(map("{}={}\n".format, KEYS, stored)))
+            with self.subTest(stored):
+                self.assertEqual(self.session(comes_to(place)), place + " false")
 
     def test_does_not_creep(self):
         for scale in "1", "2":
             first = self.session(move("211 133 998 576"), QT_SCALE_FACTOR=scale)
-            later = [self.session(QT_SCALE_FACTOR=scale) for _ in range(10)]
-            self.assertEqual(later, 10 * [first])
+            later = [self.session(QT_SCALE_FACTOR=scale) for _ in range(3)]
+            self.assertEqual(later, 3 * [first])
 
     def test_leaves_the_settings_alone(self):
         def give_up():
@@ -86,7 +97,7 @@ class SettingsTest(desktop.Case):
         self.assertEqual(self.user_file.read_bytes(), before[0])
 
     def test_first_start(self):
-        """By the user's file, the one beside the program, and a home that may not be there."""
+        """With and without the user's file, the installed file and a home directory."""
         built = os.environ["VRKTRK_PROGRAM"]
         self.addCleanup(os.environ.update, VRKTRK_PROGRAM=built)
         os.environ["VRKTRK_PROGRAM"] = shutil.copy(built, self.folder)
