@@ -4,6 +4,7 @@
 #include "cli/messages.h"
 
 #include <cstdio>
+#include <new>
 #include <unistd.h>
 #include <utility>
 
@@ -31,6 +32,12 @@ int cCommand::run(const QStringList &arguments)
     if (parser.isSet(help)) {
         _showHelp(parser);
         return EXIT_DONE;
+    }
+    for (const QString &option : parser.optionNames()) {
+        for (const QString &value : parser.values(option)) {
+            if (!value.isValidUtf16())
+                return _wrongUse(u"'%1' is not valid UTF-8"_s.arg(value));
+        }
     }
     m_quiet = parser.isSet(quiet);
     for (const QString &name : parser.positionalArguments()) {
@@ -70,9 +77,15 @@ QByteArray cCommand::after(bool) const
 void cCommand::_run(const ARCHIVE_T &archive)
 {
     RESULT_T result;
-    {
+    if (!archive.name.isValidUtf16()) {
+        result.failure = u"its name is not valid UTF-8"_s;
+    } else {
         cProgress progress(archive.name, !m_quiet);
-        result = process(archive, progress);
+        try {
+            result = process(archive, progress);
+        } catch (const std::bad_alloc &) {
+            result.failure = u"out of memory"_s;
+        }
     }
     _conclude(archive, result);
 }

@@ -4,11 +4,12 @@
 #include "cli/interrupt.h"
 #include "cli/messages.h"
 #include "cli/plot.h"
+#include "cli/startup.h"
 
 #include <QCoreApplication>
 
-#include <csignal>
 #include <cstdio>
+#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -54,19 +55,24 @@ int _run(const QStringList &arguments)
 
 int main(int argc, char *argv[])
 {
-    // When the reader of standard output goes away, the program ends silently, even if the parent
-    // process ignores this signal.
-    std::signal(SIGPIPE, SIG_DFL);
+    openStandardStreams();
+    setSignals();
     catchInterrupts();
 
     // Under a locale that is not UTF-8, Qt switches to UTF-8 and warns at every start. Scripts and
     // cron jobs often have such locales, and standard error is for one line per file.
     const auto silence = [](QtMsgType, const QMessageLogContext &, const QString &) {};
     const QtMessageHandler usual = qInstallMessageHandler(silence);
-    const QCoreApplication app(argc, argv);
+    int one = 1; // Qt would interpret some of the arguments, even after --
+    const QCoreApplication app(one, argv);
     qInstallMessageHandler(usual);
 
-    const int status = _run(QCoreApplication::arguments());
+    int status = EXIT_SOME_FAILED;
+    try {
+        status = _run(decodeArguments(argc, argv));
+    } catch (const std::bad_alloc &) {
+        complain(u"out of memory"_s);
+    }
     if (std::fflush(stdout) != 0 && status == EXIT_DONE) {
         complain(u"standard output: "_s + qt_error_string());
         return EXIT_SOME_FAILED;

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -29,6 +31,17 @@ mode_t _newFileMode()
     }();
     return PERMISSIONS & ~mask;
 }
+
+// The file that a name stands for: follows symbolic links, also to a file that does not exist yet.
+QString _followLinks(const QString &name)
+{
+    constexpr int maxLinks = 40; // the kernel's own limit
+    std::filesystem::path path = QFile::encodeName(name).toStdString();
+    std::error_code error;
+    for (int i = 0; i < maxLinks && std::filesystem::is_symlink(path, error); ++i)
+        path = path.parent_path() / std::filesystem::read_symlink(path, error);
+    return QFile::decodeName(path.c_str());
+}
 } // namespace
 
 cOutputFile::cOutputFile(QString name, bool overwrite, const QSet<FILEID_T> &inputs)
@@ -44,6 +57,8 @@ cOutputFile::cOutputFile(QString name, bool overwrite, const QSet<FILEID_T> &inp
         m_fd = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
     else if (isFile && !overwrite)
         _fail(u"it already exists (use --overwrite to replace it)"_s);
+    else if (!exists && errno == ELOOP)
+        _failBySystem();
     else if (!exists || isFile)
         _openTemporary(exists ? &old : nullptr);
     else
@@ -60,9 +75,10 @@ cOutputFile::~cOutputFile()
 
 void cOutputFile::_openTemporary(const struct stat *old)
 {
+    // Replace the file itself, not a link to it, and only if it is writable.
+    if (m_overwrite)
+        m_path = _followLinks(m_name);
     if (old) {
-        // Replace the file itself, not a link to it, and only if it is writable.
-        m_path = QFileInfo(m_name).canonicalFilePath();
         if (::access(QFile::encodeName(m_path).constData(), W_OK) != 0)
             return;
         m_mode = old->st_mode & PERMISSION_BITS;

@@ -1,0 +1,22 @@
+#ifndef STARTUP_H
+#define STARTUP_H
+
+#include <QStringList>
+
+// What the program does before it looks at its arguments.
+
+// Gives every closed standard descriptor a stand-in, so that no file that is opened later gets its
+// number. Reading from the stand-in of standard input fails, and so does writing to the others.
+// Call it before anything opens a file.
+void openStandardStreams();
+
+// Makes writing to a closed pipe end the program silently and writing beyond the permitted file
+// size fail like any other error. Prints "out of memory" and exits if memory runs out where no
+// exception can be caught.
+void setSignals();
+
+// Decodes the program's arguments. If one is not valid UTF-8, its invalid bytes become lone
+// surrogates, which QString::isValidUtf16 detects. It then equals no name that can be used.
+QStringList decodeArguments(int argc, char **argv);
+
+#endif
