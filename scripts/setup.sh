@@ -4,7 +4,8 @@
 # What each kind of work needs of Debian 12 beyond its base system.
 declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
-             qt6-translations-l10n librsvg2-bin dpkg-dev file"
+             qt6-translations-l10n librsvg2-bin dpkg-dev file gettext appstream
+             shared-mime-info"
     # A virtual desktop, with the means to press, type and look on it.
     [desktop]="xvfb x11-utils xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core
                python3 python3-gi gir1.2-atspi-2.0 locales util-linux"

@@ -1,5 +1,5 @@
-"""test_translations.py TS-FOLDER LUPDATE-COMMAND...: every text of the program is translated into every
-language, in that language's letters, and keeps what the program or a reader needs of it."""
+"""Every text of the program and of its desktop files is translated into every language, in the letters of
+that language, and keeps what the program or a reader needs of it."""
 import pathlib
 import re
 import shutil
@@ -12,22 +12,25 @@ import xml.etree.ElementTree as xml
 KEPT = re.compile(r"\(\*?\.\w+\)$|%.?|<[^>]+>|https?://\S+")
 NAMES = "VrkTrk", "GoogleEarth KML (.kml)"  # the same in any language
 LETTERS = {"ru": "[а-яё]", "uk": "[а-щьюяґєії]", "zh": "[一-鿿]", "ja": "[ぁ-ヿ一-鿿]"}
-NOT_LATIN = "[Ѐ-ӿ぀-ヿ一-鿿]"
+NOT_LATIN = "[Ѐ-ӿぁ-ヿ一-鿿]"
+LCONVERT = subprocess.check_output(["qmake6", "-query", "QT_INSTALL_BINS"], text=True).strip() + "/lconvert"
 
 
-def texts(ts):
-    return {(context.findtext("name"), message.findtext("source")): message.find("translation")
-            for context in xml.parse(ts).iter("context") for message in context.iter("message")}
+def texts(path):
+    """The messages of a .ts or .po file by their source text."""
+    ts = subprocess.check_output([LCONVERT, path, "-of", "ts"])
+    return {message.findtext("source"): message.find("translation")
+            for message in xml.fromstring(ts).iter("message")}
 
 
 def fault(language, source, translation, english):
     text = translation.text or ""
-    own = LETTERS.get(language, "[a-z]")
     if translation.get("type") or not text:
         return "not translated"
     if KEPT.findall(source) != KEPT.findall(text):
         return f"{KEPT.findall(source)} is lost"
-    if re.search(NOT_LATIN, re.sub(LETTERS.get(language, "$"), "", text, flags=re.IGNORECASE)):
+    own = LETTERS.get(language, "[a-z]")
+    if re.search(NOT_LATIN, re.sub(own, "", text, flags=re.IGNORECASE)):
         return "letters of another language"
     if source not in NAMES and not re.search(own, text, re.IGNORECASE):
         return "not in the letters of the language"
@@ -37,16 +40,16 @@ def fault(language, source, translation, english):
 
 
 faults = []
-folder, *lupdate = sys.argv[1:]
-english = texts(f"{folder}/vrktrk_en.ts")
-languages = sorted(pathlib.Path(folder).glob("vrktrk_*.ts"))
-with tempfile.TemporaryDirectory() as copies:
-    for ts in languages:
-        copy = shutil.copy(ts, copies)
-        subprocess.run([*lupdate, "-ts", copy], check=True, stdout=subprocess.DEVNULL)
-        now = texts(copy)
-        faults += [f"{ts.name}: no such text any more: {key}" for key in texts(ts).keys() - now]
-        for key, translation in now.items():
-            wrong = fault(ts.stem[-2:], key[1], translation, english[key].text)
-            faults += [f"{ts.name}: {wrong}: {key}"] if wrong else []
-sys.exit("\n".join(faults) or (None if len(languages) >= 13 and now else "nothing to look at"))
+folder = pathlib.Path(__file__).parent.parent / "translations"
+english = {source: translation.text for source, translation in texts(folder / "vrktrk_en.ts").items()}
+with tempfile.TemporaryDirectory() as updated:
+    files = [pathlib.Path(shutil.copy(file, updated)) for file in folder.glob("*.[tp][so]")]
+    subprocess.run([folder / "update", updated], check=True, stdout=subprocess.DEVNULL)
+    for file in files:
+        now = texts(file)
+        faults += [f"{file.name}: no such text any more: {source}"
+                   for source in texts(folder / file.name).keys() - now]
+        for source, translation in now.items():
+            wrong = fault(file.stem[-2:], source, translation, english.get(source, source))
+            faults += [f"{file.name}: {wrong}: {source}"] if wrong else []
+sys.exit("\n".join(faults) or (None if len(files) >= 25 and now else "nothing to look at"))

@@ -1,0 +1,26 @@
+# shellcheck shell=sh
+# What the scripts of the desktop share. They and this file are installed next to VrkTrk.
+here=$(dirname -- "$(readlink -f -- "$0")")
+vrk3=$here/../../bin/vrk3
+
+# text ENGLISH: prints a message in the user's language.
+text() {
+    TEXTDOMAINDIR=$here/../../share/locale gettext vrktrk "$1" 2>/dev/null || printf '%s' "$1"
+}
+
+# notify SUMMARY BODY: shows a notification if the desktop can. Only the body may contain markup, so
+# only the body is escaped. It does not wait, because a desktop without notifications can take long
+# to refuse one.
+notify() {
+    body=$(printf '%s' "$2" | sed 's/&/\&amp;/g; s/</\&lt;/g; s/>/\&gt;/g')
+    notify-send --app-name=VrkTrk --icon=vrktrk -- "$1" "$body" >/dev/null 2>&1 &
+}
+
+# choose_archive: asks for an archive and prints its name; prints nothing on Cancel.
+choose_archive() {
+    if command -v kdialog >/dev/null; then
+        kdialog --getopenfilename "$HOME" '*.vrk3'
+    else
+        zenity --file-selection --file-filter='*.vrk3'
+    fi 2>/dev/null
+}
