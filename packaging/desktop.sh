@@ -1,5 +1,6 @@
 # shellcheck shell=sh
 # What the scripts of the desktop share. They and this file are installed next to VrkTrk.
+unset CDPATH
 here=$(dirname -- "$(readlink -f -- "$0")")
 vrk3=$here/../../bin/vrk3
 
@@ -12,7 +13,7 @@ text() {
 # only the body is escaped. It does not wait, because a desktop without notifications can take long
 # to refuse one.
 notify() {
-    body=$(printf '%s' "$2" | sed 's/&/\&amp;/g; s/</\&lt;/g; s/>/\&gt;/g')
+    body=$(printf '%s' "$2" | sed 's/^vrk3: //; s/&/\&amp;/g; s/</\&lt;/g; s/>/\&gt;/g')
     notify-send --app-name=VrkTrk --icon=vrktrk -- "$1" "$body" >/dev/null 2>&1 &
 }
 
@@ -23,4 +24,13 @@ choose_archive() {
     else
         zenity --file-selection --file-filter='*.vrk3'
     fi 2>/dev/null
+}
+
+# run_vrk3 ARCHIVE ARGUMENT...: runs vrk3 in the archive's folder and prints its messages, which then
+# contain short names. It changes the folder, so it is for subshells.
+run_vrk3() {
+    cd -- "$(dirname -- "$1")" || return
+    name=$(basename -- "$1")
+    shift
+    "$vrk3" "$@" -- "$name" 2>&1
 }
