@@ -67,7 +67,7 @@
     </message>
     <message>
         <source>&lt;b&gt;Выберите формат GPS трека для сохранения&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;Необходимый формат сохранения зависит от используемого Вами ПО. Пожалуйста проверьте допустимые для Вашего ПО  форматы в его инструкции.&lt;/font&gt;</source>
-        <translation>&lt;b&gt;Choose a format for the GPS track&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;The right format depends on the software you use. Check its manual for the formats it can read.&lt;/font&gt;</translation>
+        <translation>&lt;b&gt;Choose a format for the GPS track&lt;/b&gt;&lt;br&gt;&lt;br&gt;&lt;font size=-1 color=#c0c0ff&gt;The right format depends on your software. Check its manual for the formats it can read.&lt;/font&gt;</translation>
     </message>
 </context>
 <context>
