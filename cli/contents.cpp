@@ -2,6 +2,8 @@
 
 #include "cli/summary.h"
 
+#include <algorithm>
+
 namespace
 {
 int _key(const STREAM_T &stream)
@@ -9,11 +11,6 @@ int _key(const STREAM_T &stream)
     return stream.id << 8 | stream.type;
 }
 } // namespace
-
-QString decodeString(const QByteArray &string)
-{
-    return QString::fromUtf8(string.constData()); // up to the zero byte
-}
 
 cContents::cContents(QObject *parent) : QObject(parent)
 {
@@ -34,15 +31,43 @@ QString cContents::read(const QString &archive, cProgress &progress)
 void cContents::slot_Data(const HDR_T &hdr)
 {
     ++m_hdrRecords;
-    const QString title = decodeString(hdr.title);
+    const cHeaderText title(hdr.title);
     if (!m_titles.contains(title) && m_titles.size() < MAX_TITLES)
         m_titles.append(title);
     for (int tag = 1; tag <= TAG_MAX; ++tag) {
         if (!hdr.texts.at(tag).isEmpty())
-            m_texts[tag] = decodeString(hdr.texts.at(tag));
+            m_texts[tag] = cHeaderText(hdr.texts.at(tag));
     }
-    for (const STREAM_T &stream : hdr.streams)
-        m_streams[_key(stream)].stream = stream;
+    for (const STREAM_T &stream : hdr.streams) {
+        if (STREAM_COUNT_T *const count = _count(stream))
+            count->texts = {cHeaderText(stream.textA), cHeaderText(stream.textB),
+                            cHeaderText(stream.textC)};
+    }
+}
+
+// Returns the stream's entry, null if the list is full.
+cContents::STREAM_COUNT_T *cContents::_count(const STREAM_T &stream)
+{
+    const int key = _key(stream);
+    const auto it = m_streams.find(key);
+    if (it != m_streams.end())
+        return &*it;
+    if (m_streams.size() < MAX_STREAMS)
+        return &*m_streams.insert(key, {stream.id, stream.type, {}, 0, 0});
+    m_notListed.set(size_t(key));
+    return nullptr;
+}
+
+cContents::OMITTED_T cContents::omitted() const
+{
+    OMITTED_T omitted = m_omitted;
+    omitted.streams = qint64(m_notListed.count());
+    const auto isCut = [](const cHeaderText &text) { return text.isCut(); };
+    omitted.texts = std::count_if(m_titles.begin(), m_titles.end(), isCut) +
+                    std::count_if(m_texts.begin(), m_texts.end(), isCut);
+    for (const STREAM_COUNT_T &count : m_streams)
+        omitted.texts += std::count_if(count.texts.begin(), count.texts.end(), isCut);
+    return omitted;
 }
 
 void cContents::slot_Data(const IDX_T &)
@@ -52,7 +77,7 @@ void cContents::slot_Data(const IDX_T &)
 
 void cContents::slot_Data(const DATA_T &d)
 {
-    STREAM_COUNT_T &count = m_streams[_key(d.stream)];
-    ++count.blocks;
-    count.bytes += d.payload.size();
+    STREAM_COUNT_T *const listed = _count(d.stream);
+    ++(listed ? listed->blocks : m_omitted.blocks);
+    (listed ? listed->bytes : m_omitted.bytes) += d.payload.size();
 }

@@ -1,11 +1,15 @@
 #ifndef CONTENTS_H
 #define CONTENTS_H
 
+#include "cli/headertext.h"
 #include "cli/sentencenames.h"
 #include "cli/trackreader.h"
 
+#include <QList>
 #include <QMap>
-#include <QStringList>
+
+#include <array>
+#include <bitset>
 
 // Collects everything that `vrk3 info` reports about one archive. contentsText and contentsJson
 // turn it into the two output forms.
@@ -16,9 +20,18 @@ class cContents : public QObject
 public:
     // An entry of a header's stream table, with what was read from its stream.
     struct STREAM_COUNT_T {
-        STREAM_T stream;
+        quint8 id = 0;
+        quint8 type = 0;
+        std::array<cHeaderText, 3> texts;
         qint64 blocks = 0; // logical blocks
         qint64 bytes = 0;  // payload bytes in them
+    };
+    // What the lists leave out, so that an archive cannot make them endless.
+    struct OMITTED_T {
+        qint64 texts = 0;   // texts of which the lists contain only the start
+        qint64 streams = 0; // streams that are not listed
+        qint64 blocks = 0;  // logical blocks of these streams
+        qint64 bytes = 0;   // payload bytes in them
     };
 
     explicit cContents(QObject *parent = nullptr);
@@ -29,11 +42,13 @@ public:
     // The name passed to read().
     const QString &archive() const { return m_archive; }
     // The headers' distinct titles in file order, MAX_TITLES at most.
-    const QStringList &titles() const { return m_titles; }
+    const QList<cHeaderText> &titles() const { return m_titles; }
     // The headers' numbered texts by number. A later text replaces an earlier one.
-    const QMap<int, QString> &texts() const { return m_texts; }
-    // The streams by id and type.
+    const QMap<int, cHeaderText> &texts() const { return m_texts; }
+    // The first MAX_STREAMS streams of the headers, sorted by id and type. An id with two types
+    // counts as two streams.
     QList<STREAM_COUNT_T> streams() const { return m_streams.values(); }
+    OMITTED_T omitted() const;
     qint64 hdrRecords() const { return m_hdrRecords; }
     qint64 idxRecords() const { return m_idxRecords; }
 
@@ -43,6 +58,7 @@ public:
     const cTrackStats &stats() const { return m_reader.stats(); }
 
     static constexpr qsizetype MAX_TITLES = 16;
+    static constexpr qsizetype MAX_STREAMS = 256;
 
 private Q_SLOTS:
     void slot_Data(const HDR_T &hdr);
@@ -50,17 +66,18 @@ private Q_SLOTS:
     void slot_Data(const DATA_T &d);
 
 private:
+    STREAM_COUNT_T *_count(const STREAM_T &stream);
+
     QString m_archive;
-    QStringList m_titles;
-    QMap<int, QString> m_texts;
+    QList<cHeaderText> m_titles;
+    QMap<int, cHeaderText> m_texts;
     QMap<int, STREAM_COUNT_T> m_streams;
+    std::bitset<256 * 256> m_notListed; // by the keys of m_streams
+    OMITTED_T m_omitted;
     qint64 m_hdrRecords = 0;
     qint64 m_idxRecords = 0;
     cTrackReader m_reader;
     cSentenceNames m_names;
 };
-
-// Decodes a string of a record, which ends in a zero byte.
-QString decodeString(const QByteArray &string);
 
 #endif

@@ -11,19 +11,34 @@ namespace
 {
 constexpr double METRES_PER_KILOMETRE = 1000;
 
+template <typename T>
+QJsonArray _texts(const T &texts)
+{
+    QJsonArray array;
+    for (const cHeaderText &text : texts)
+        array.append(text.start());
+    return array;
+}
+
 QJsonArray _streams(const cContents &contents)
 {
     QJsonArray streams;
     for (const cContents::STREAM_COUNT_T &count : contents.streams()) {
-        const STREAM_T &s = count.stream;
-        const QJsonArray texts{decodeString(s.textA), decodeString(s.textB), decodeString(s.textC)};
-        streams.append(QJsonObject{{u"id"_s, s.id},
-                                   {u"type"_s, s.type},
-                                   {u"texts"_s, texts},
+        streams.append(QJsonObject{{u"id"_s, count.id},
+                                   {u"type"_s, count.type},
+                                   {u"texts"_s, _texts(count.texts)},
                                    {u"blocks"_s, count.blocks},
                                    {u"bytes"_s, count.bytes}});
     }
     return streams;
+}
+
+QJsonObject _omitted(const cContents::OMITTED_T &omitted)
+{
+    return {{u"texts"_s, omitted.texts},
+            {u"streams"_s, omitted.streams},
+            {u"blocks"_s, omitted.blocks},
+            {u"bytes"_s, omitted.bytes}};
 }
 
 QJsonObject _sentences(const NMEA_ACCOUNT_T &account)
@@ -99,16 +114,17 @@ QJsonObject _damage(const ACCOUNT_T &account)
 QJsonObject contentsJson(const cContents &contents)
 {
     QJsonObject texts;
-    const QMap<int, QString> &byTag = contents.texts();
+    const QMap<int, cHeaderText> &byTag = contents.texts();
     for (auto it = byTag.cbegin(); it != byTag.cend(); ++it)
-        texts[QString::number(it.key())] = it.value();
+        texts[QString::number(it.key())] = it.value().start();
     const ACCOUNT_T account = contents.account();
     return {{u"file"_s, contents.archive()},
-            {u"titles"_s, QJsonArray::fromStringList(contents.titles())},
+            {u"titles"_s, _texts(contents.titles())},
             {u"texts"_s, texts},
             {u"hdrRecords"_s, contents.hdrRecords()},
             {u"idxRecords"_s, contents.idxRecords()},
             {u"streams"_s, _streams(contents)},
+            {u"omitted"_s, _omitted(contents.omitted())},
             {u"gps"_s, _gps(contents)},
             {u"bytes"_s, _bytes(account)},
             {u"damage"_s, _damage(account)}};

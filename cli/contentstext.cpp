@@ -30,15 +30,22 @@ QString _streams(const cContents &contents)
 {
     QString text = _line("Streams", u"  id type     blocks        bytes  texts"_s);
     for (const cContents::STREAM_COUNT_T &count : contents.streams()) {
-        const STREAM_T &s = count.stream;
-        QStringList texts{decodeString(s.textA), decodeString(s.textB), decodeString(s.textC)};
-        texts.removeAll(QString());
-        text += _line("", u"%1 %2 %3 %4  "_s.arg(s.id, 4)
-                                  .arg(s.type, 4)
+        QStringList texts;
+        for (const cHeaderText &each : count.texts) {
+            if (each.size() > 0)
+                texts.append(each.shown());
+        }
+        text += _line("", u"%1 %2 %3 %4  "_s.arg(count.id, 4)
+                                  .arg(count.type, 4)
                                   .arg(count.blocks, 10)
                                   .arg(count.bytes, 12) +
                               texts.join(u", "_s));
     }
+    const cContents::OMITTED_T omitted = contents.omitted();
+    if (omitted.streams > 0)
+        text += _line("", u"%1 %2  %3"_s.arg(omitted.blocks, 20)
+                              .arg(omitted.bytes, 12)
+                              .arg(counted(omitted.streams, "more stream")));
     return text;
 }
 
@@ -61,6 +68,16 @@ QString _sentences(const cContents &contents)
     return text;
 }
 
+QString _times(const cTrackStats &stats)
+{
+    const QString first = pointTime(stats.first());
+    const QString last = pointTime(stats.last());
+    const QString none = u"none"_s;
+    if (first.isEmpty() && last.isEmpty())
+        return none;
+    return u"%1 to %2"_s.arg(first.isEmpty() ? none : first, last.isEmpty() ? none : last);
+}
+
 QString _track(const cTrackStats &stats)
 {
     QString points = QString::number(stats.points());
@@ -69,7 +86,7 @@ QString _track(const cTrackStats &stats)
     QString text = _line("Points", points);
     if (stats.located() == 0)
         return text;
-    text += _line("Time", u"%1 to %2"_s.arg(pointTime(stats.first()), pointTime(stats.last())));
+    text += _line("Time", _times(stats));
     text +=
         _line("Latitude", u"%1 to %2"_s.arg(_latitude(stats.south()), _latitude(stats.north())));
     text +=
@@ -110,11 +127,11 @@ QString _damage(const ACCOUNT_T &account)
 QString contentsText(const cContents &contents)
 {
     QString text = printable(displayName(contents.archive(), u"standard input"_s)) + u'\n';
-    for (const QString &title : contents.titles())
-        text += _line("Title", title);
-    const QMap<int, QString> &texts = contents.texts();
+    for (const cHeaderText &title : contents.titles())
+        text += _line("Title", title.shown());
+    const QMap<int, cHeaderText> &texts = contents.texts();
     for (auto it = texts.cbegin(); it != texts.cend(); ++it)
-        text += _line(qPrintable(u"Text %1"_s.arg(it.key())), it.value());
+        text += _line(qPrintable(u"Text %1"_s.arg(it.key())), it.value().shown());
     text +=
         _line("Records", u"%1 HDR, %2 IDX"_s.arg(contents.hdrRecords()).arg(contents.idxRecords()));
     return text + _streams(contents) + _sentences(contents) + _track(contents.stats()) +

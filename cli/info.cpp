@@ -3,6 +3,7 @@
 #include "cli/contents.h"
 #include "cli/contentsjson.h"
 #include "cli/contentstext.h"
+#include "cli/messages.h"
 
 #include <QJsonDocument>
 
@@ -36,8 +37,9 @@ RESULT_T cInfo::process(const ARCHIVE_T &archive, cProgress &progress) const
     RESULT_T result;
     result.failure = contents.read(archive.name, progress);
     if (result.failure.isEmpty())
-        result.output = m_json ? QJsonDocument(contentsJson(contents)).toJson().trimmed()
-                               : contentsText(contents).toUtf8();
+        result.output =
+            m_json ? printableJson(QJsonDocument(contentsJson(contents)).toJson().trimmed())
+                   : contentsText(contents).toUtf8();
     return result;
 }
 

@@ -5,9 +5,15 @@
 
 // Texts for people.
 
-// Makes text safe to show on a terminal or in a picture: control and formatting characters, which
-// names and titles may contain, become U+FFFD.
+// Names and titles may contain characters that control a terminal, reverse the direction of what
+// follows or hide it: controls, formatting characters, line separators and tags. Both functions
+// leave the two joiners, which some scripts need.
+
+// Makes text safe to show on a terminal or in a picture: such characters become U+FFFD.
 QString printable(const QString &text);
+
+// Makes JSON safe to show on a terminal without changing its meaning: such characters are escaped.
+QByteArray printableJson(const QByteArray &json);
 
 // A file's name as messages show it: standardStream instead of "-".
 QString displayName(const QString &name, const QString &standardStream);

@@ -1,6 +1,5 @@
 #include "cli/plot.h"
 
-#include "archive/hdrtxts.h"
 #include "cli/messages.h"
 #include "cli/summary.h"
 #include "cli/trackpicture.h"
@@ -34,11 +33,9 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
         return result;
 
     cTrackReader reader;
-    cHdrTxts texts;
     cTrackPicture picture(displayName(QFileInfo(archive.name).fileName(), u"standard input"_s));
-    QObject::connect(&reader.parser(), SIGNAL(signal_Data(HDR_T)), &texts, SLOT(slot_Data(HDR_T)));
-    QObject::connect(&texts, SIGNAL(signal_Data(int, QString)), &picture,
-                     SLOT(slot_Data(int, QString)));
+    QObject::connect(&reader.parser(), SIGNAL(signal_Data(HDR_T)), &picture,
+                     SLOT(slot_Data(HDR_T)));
     QObject::connect(&reader.nmea(), SIGNAL(signal_Data(nmea_data)), &picture,
                      SLOT(slot_Data(nmea_data)));
     const cTrackStats &stats = reader.stats();
@@ -50,7 +47,10 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
         result.failure = u"no point has a position"_s;
     if (!result.failure.isEmpty())
         return result;
-    output->slot_Data(picture.svg(stats));
+    const QByteArray svg = picture.svg(stats);
+    if (svg.isEmpty())
+        return {u"the picture cannot be written as XML"_s};
+    output->slot_Data(svg);
     output->finish();
     result.summary = trackSummary(counted(stats.points(), "point"), stats, account, output->name());
     return result;

@@ -2,6 +2,8 @@
 
 #include "cli/messages.h"
 
+#include <QTextBoundaryFinder>
+
 #include <cstdio>
 #include <unistd.h>
 
@@ -13,10 +15,20 @@ constexpr qint64 PATIENCE_MS = 1000;
 constexpr qint64 INTERVAL_MS = 100;
 constexpr int BAR_WIDTH = 30;
 constexpr int MAX_NAME_LENGTH = 40; // so that the line does not wrap
+
+// The last characters of a name.
+QString _end(const QString &name)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, name);
+    finder.setPosition(qMax<qsizetype>(0, name.size() - MAX_NAME_LENGTH));
+    if (!finder.isAtBoundary())
+        finder.toNextBoundary();
+    return name.mid(finder.position());
+}
 } // namespace
 
 cProgress::cProgress(const QString &name, bool enabled)
-    : m_name(printable(displayName(name, u"standard input"_s)).right(MAX_NAME_LENGTH)),
+    : m_name(_end(printable(displayName(name, u"standard input"_s)))),
       m_enabled(enabled && ::isatty(STDERR_FILENO) == 1),
       m_nextShow(PATIENCE_MS)
 {

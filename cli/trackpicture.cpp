@@ -1,8 +1,9 @@
 #include "cli/trackpicture.h"
 
-#include "archive/hdrtxts.h"
 #include "cli/messages.h"
 #include "cli/summary.h"
+
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <array>
@@ -25,7 +26,6 @@ constexpr double MIN_PANEL_HEIGHT = 260;
 constexpr double MAX_PANEL_HEIGHT = 800;
 constexpr double MAX_SCALE_BAR = 220;
 constexpr double LINE_STEP = 0.7; // closer points are merged
-constexpr int MAX_TITLE_LENGTH = 60;
 
 constexpr double METRES_PER_DEGREE = EARTH_RADIUS * std::numbers::pi / 180;
 constexpr double MIN_EXTENT = 50; // metres; a parked car must not fill the picture
@@ -78,12 +78,61 @@ double _roundBelow(double limit)
     return power * (lead >= 5 ? 5 : lead >= 2 ? 2 : 1);
 }
 
+// Estimates the width of a character in ems, in a wide bold font. There is no font to measure: the
+// picture is drawn where it is viewed.
+double _ems(char32_t c)
+{
+    const QChar::Category category = QChar::category(c);
+    if (category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing ||
+        category == QChar::Other_Format)
+        return 0;
+    const auto within = [c](char32_t from, char32_t to) { return c >= from && c <= to; };
+    if (within(0x1F000, 0x1FFFF)) // pictographs
+        return 1.3;
+    // East Asian characters.
+    if (within(0x1100, 0x115F) || within(0x2E80, 0xA4CF) || within(0xAC00, 0xD7A3) ||
+        within(0xF900, 0xFAFF) || within(0xFE30, 0xFE6F) || within(0xFF00, 0xFF60) ||
+        within(0xFFE0, 0xFFE6) || within(0x20000, 0x3FFFF))
+        return 1;
+    if (u" !'()*,-./:;I[]fijlrt|"_s.contains(QChar::fromUcs4(c)))
+        return 0.5;
+    if (u"%@MWmw"_s.contains(QChar::fromUcs4(c)))
+        return 1.1;
+    const bool isAscii = c < 0x80;
+    if (QChar::isUpper(c))
+        return isAscii ? 0.85 : 1.3;
+    return isAscii ? 0.7 : 0.75;
+}
+
+double _ems(const QString &text)
+{
+    double ems = 0;
+    for (const char32_t c : text.toUcs4())
+        ems += _ems(c);
+    return ems;
+}
+
+// Shortens a text that is wider than so many ems, between what readers see as characters.
+QString _fitted(const QString &text, double ems)
+{
+    if (_ems(text) <= ems)
+        return text;
+    const QString ellipsis(QChar(0x2026));
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    finder.toEnd();
+    qsizetype end = finder.position();
+    while (end > 0 && _ems(text.left(end) + ellipsis) > ems)
+        end = finder.toPreviousBoundary();
+    return text.left(end).trimmed() + ellipsis;
+}
+
 void _drawHeading(QXmlStreamWriter &svg, const QString &title, const cTrackStats &stats)
 {
-    const QString shown =
-        title.size() > MAX_TITLE_LENGTH ? title.left(MAX_TITLE_LENGTH - 1) + QChar(0x2026) : title;
-    _text(svg, {MARGIN, 44}, shown,
-          {{"font-size", u"24"_s}, {"font-weight", u"bold"_s}, {"fill", QLatin1String(INK)}});
+    constexpr double fontSize = 24;
+    _text(svg, {MARGIN, 44}, _fitted(title, (WIDTH - 2 * MARGIN) / fontSize),
+          {{"font-size", QString::number(fontSize)},
+           {"font-weight", u"bold"_s},
+           {"fill", QLatin1String(INK)}});
     const QString separator = u"  \u00b7  "_s;
     _text(svg, {MARGIN, 72}, _lengthText(stats.metres()) + separator + timeSpan(stats, true),
           {{"font-size", u"16"_s}, {"fill", QLatin1String(FAINT_INK)}});
@@ -117,16 +166,14 @@ void _drawNorth(QXmlStreamWriter &svg, QPointF at)
 } // namespace
 
 cTrackPicture::cTrackPicture(QString name, QObject *parent)
-    : QObject(parent), m_title(std::move(name))
+    : QObject(parent), m_name(std::move(name))
 {
 }
 
-void cTrackPicture::slot_Data(int what, const QString &s)
+void cTrackPicture::slot_Data(const HDR_T &hdr)
 {
-    if (what != HDRTXT_TITLE || m_titleKnown || s.isEmpty())
-        return;
-    m_title = s;
-    m_titleKnown = true;
+    if (m_title.size() == 0)
+        m_title = cHeaderText(hdr.title);
 }
 
 void cTrackPicture::slot_Data(const nmea_data &n)
@@ -257,7 +304,7 @@ QRectF cTrackPicture::_placeFor(QSizeF size, QPointF point, const VIEW_T &view,
 void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view,
                               const cTrackStats &stats) const
 {
-    constexpr double characterWidth = 10.5;
+    constexpr double fontSize = 16;
     constexpr double textHeight = 20;
     constexpr double baseline = 15; // below the top of the text
     QRectF taken;
@@ -270,14 +317,14 @@ void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view,
                   {"fill", QLatin1String(color)},
                   {"stroke", u"#ffffff"_s},
                   {"stroke-width", u"3"_s}});
-        const QSizeF size(double(text.size()) * characterWidth, textHeight);
+        const QSizeF size(_ems(text) * fontSize, textHeight);
         const QRectF place = _placeFor(size, at, view, taken);
         taken = place;
         const bool isLeft = place.right() < at.x();
         const bool isRight = place.left() > at.x();
         const double anchor = isLeft ? place.right() : isRight ? place.left() : place.center().x();
         _text(svg, {anchor, place.top() + baseline}, text,
-              {{"font-size", u"16"_s},
+              {{"font-size", QString::number(fontSize)},
                {"font-weight", u"bold"_s},
                {"text-anchor", QLatin1String(isLeft    ? "end"
                                              : isRight ? "start"
@@ -288,11 +335,14 @@ void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view,
                {"stroke-linejoin", u"round"_s},
                {"paint-order", u"stroke"_s}});
     };
-    constexpr int timeAt = 11; // in "2011-03-23T12:01:07Z"
-    constexpr int timeLength = 8;
-    draw(m_points.constLast(), END, u"End "_s + pointTime(stats.last()).mid(timeAt, timeLength));
-    draw(m_points.constFirst(), START,
-         u"Start "_s + pointTime(stats.first()).mid(timeAt, timeLength));
+    const auto time = [](const nmea_data &n) {
+        constexpr int timeAt = 11; // in "2011-03-23T12:01:07Z"
+        constexpr int timeLength = 8;
+        const QString text = pointTime(n);
+        return text.isEmpty() ? u"(no time)"_s : text.mid(timeAt, timeLength);
+    };
+    draw(m_points.constLast(), END, u"End "_s + time(stats.last()));
+    draw(m_points.constFirst(), START, u"Start "_s + time(stats.first()));
 }
 
 QByteArray cTrackPicture::svg(const cTrackStats &stats) const
@@ -302,7 +352,7 @@ QByteArray cTrackPicture::svg(const cTrackStats &stats) const
         view.area.adjusted(-PANEL_PADDING, -PANEL_PADDING, PANEL_PADDING, PANEL_PADDING);
     const QString width = QString::number(WIDTH);
     const QString height = QString::number(std::ceil(panel.bottom() + FOOTING_HEIGHT));
-    const QString title = printable(m_title);
+    const QString title = printable(m_title.size() > 0 ? m_title.shown() : m_name);
 
     QByteArray bytes;
     QXmlStreamWriter svg(&bytes);
@@ -332,5 +382,5 @@ QByteArray cTrackPicture::svg(const cTrackStats &stats) const
     _drawScaleBar(svg, {MARGIN, footing}, view.metresPerUnit);
     _drawNorth(svg, {WIDTH - MARGIN - 8, footing});
     svg.writeEndDocument();
-    return bytes;
+    return svg.hasError() ? QByteArray() : bytes;
 }

@@ -1,6 +1,8 @@
 #ifndef TRACKPICTURE_H
 #define TRACKPICTURE_H
 
+#include "archive/vrk3format.h"
+#include "cli/headertext.h"
 #include "cli/trackstats.h"
 
 #include <QList>
@@ -10,7 +12,7 @@
 #include <QXmlStreamWriter>
 
 // Draws a track as SVG: its shape in true proportion, north up, with start, end, scale, title,
-// length and time span. Connect the decoder's signal and that of the header texts.
+// length and time span. Connect the decoder's signal and the parser's signal for HDR records.
 //
 // Points without a usable position are left out. All positions are kept in memory.
 class cTrackPicture : public QObject
@@ -21,13 +23,14 @@ public:
     // name becomes the title of the picture if the archive has none.
     explicit cTrackPicture(QString name, QObject *parent = nullptr);
 
-    // Draws all points so far, at least one. stats must be about the same points.
+    // Draws all points so far, at least one. stats must be about the same points. Returns an empty
+    // array if a text cannot be written as XML.
     QByteArray svg(const cTrackStats &stats) const;
 
 public Q_SLOTS:
     void slot_Data(const nmea_data &n);
-    // Takes a numbered text of a header. Uses the first title and ignores everything else.
-    void slot_Data(int what, const QString &s);
+    // Uses the first title that is not empty.
+    void slot_Data(const HDR_T &hdr);
 
 private:
     struct POINT_T {
@@ -53,8 +56,8 @@ private:
     QRectF _placeFor(QSizeF size, QPointF point, const VIEW_T &view, const QRectF &taken) const;
     void _drawEnds(QXmlStreamWriter &svg, const VIEW_T &view, const cTrackStats &stats) const;
 
-    QString m_title;
-    bool m_titleKnown = false;
+    QString m_name;
+    cHeaderText m_title;
     QList<POINT_T> m_points;
 };
 
