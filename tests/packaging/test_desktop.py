@@ -1,0 +1,54 @@
+"""The scripts of the desktop, in German, installed where the window and the desktop's own programs only
+report how they are called. Environment: that of support.py, and VRKTRK_BUILD, the build folder."""
+import os
+import struct
+import subprocess
+import unittest
+
+import support
+
+SPY = '#!/bin/sh\nprintf "%s|" "${0##*/}" "$@" >&3\n'
+NOTE = "notify-send|--app-name=VrkTrk|--icon=vrktrk|--|%s|%s|"
+ARCHIVES = {"good": (support.GOOD, ""), "a <b> & c": (b"no archive", "Dies ist kein VRK3-Archiv."),
+            "-x": (support.archive(b"$", stream=7), "Dieses Archiv enthält keine GPS-Daten."),
+            "it's": (support.archive(b"$"), "Die GPS-Daten in diesem Archiv enthalten keine Position.")}
+
+
+class DesktopTest(support.Case):
+    def setUp(self):
+        super().setUp()
+        subprocess.run(["cmake", "--install", os.environ["VRKTRK_BUILD"], "--prefix", self.folder],
+                       check=True, stdout=subprocess.DEVNULL)
+        for spy in "lib/vrktrk/VrkTrk", "bin/notify-send", "bin/xdg-open":
+            self.write(spy, SPY.encode())
+            self.path(spy).chmod(0o755)
+        for name, (content, _) in ARCHIVES.items():
+            self.write(f"d ä/{name}.vrk3", content)
+
+    def calls(self, script, name, *arguments):
+        """What a script calls, also in the background."""
+        command = ["sh", "-c", 'exec "$@" 3>&1 >&2', "sh", self.path(script), self.path(f"d ä/{name}.vrk3")]
+        environment = dict(os.environ, LC_ALL="de_DE.UTF-8", TMPDIR=self.folder,
+                           PATH=f"{self.folder}/bin:{os.environ['PATH']}")
+        return subprocess.run([*command, *arguments], stdout=subprocess.PIPE, env=environment, text=True).stdout
+
+    def test_launcher_warns_and_opens_the_window(self):
+        for name, (_, problem) in ARCHIVES.items():
+            window, note = f"VrkTrk|./{name}.vrk3|", NOTE % (f"{name}.vrk3", problem) if problem else ""
+            self.assertIn(self.calls("bin/vrktrk", name), (window + note, note + window))
+        self.write("bin/vrk3", b"#!/bin/sh\nexec sleep 1000\n")  # as with a long archive
+        self.assertEqual(self.calls("bin/vrktrk", "good"), "VrkTrk|./good.vrk3|")
+
+    def test_actions_and_thumbnails(self):
+        picture = self.calls("lib/vrktrk/show-track", "good").split("|")[1]
+        self.assertEqual(self.read(picture), self.vrk3("plot", "-qo-", "d ä/good.vrk3")[1])
+        self.assertEqual(self.calls("lib/vrktrk/show-track", "a <b> & c"), NOTE % (
+            "Der Track kann nicht angezeigt werden",
+            "a &lt;b&gt; &amp; c.vrk3: not a VRK3 archive, or its header is missing"))
+        for name in ARCHIVES:
+            self.calls("lib/vrktrk/draw-thumbnail", name, self.path(f"{name}.png"), "128")
+        self.assertEqual([name for name in self.files() if name.endswith(".png") and "/" not in name], ["good.png"])
+        self.assertEqual(max(struct.unpack(">II", self.read("good.png")[16:24])), 128)
+
+
+unittest.main()
