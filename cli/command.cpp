@@ -3,12 +3,39 @@
 #include "cli/interrupt.h"
 #include "cli/messages.h"
 
+#include <QCoreApplication>
+#include <QThread>
+#include <QThreadPool>
+
+#include <algorithm>
 #include <cstdio>
+#include <future>
 #include <new>
+#include <optional>
+#include <queue>
 #include <unistd.h>
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+const QString JOBS = u"jobs"_s;
+const QString QUIET = u"quiet"_s;
+const QString RECURSIVE = u"recursive"_s;
+
+constexpr int MAX_JOBS = 256;
+// How many results may wait for that of an earlier archive. Each may hold a file open.
+constexpr qsizetype MAX_WAITING = 64;
+
+std::optional<FILEID_T> _regularFile(const QString &name)
+{
+    struct stat status = {};
+    if (name == STANDARD_STREAM || !fileStatus(name, -1, status) || !S_ISREG(status.st_mode))
+        return {};
+    return fileId(status);
+}
+} // namespace
 
 cCommand::cCommand(QString name, QString usage, QString summary)
     : m_name(std::move(name)), m_usage(std::move(usage)), m_summary(std::move(summary))
@@ -20,12 +47,15 @@ int cCommand::run(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(m_summary);
     const QCommandLineOption help({u"h"_s, u"help"_s}, u"Print this help."_s);
-    const QCommandLineOption quiet({u"q"_s, u"quiet"_s},
-                                   u"Print only errors and warnings, and show no progress."_s);
     parser.addOption(help);
     addOptions(parser);
-    parser.addOption(quiet);
-    parser.addPositionalArgument(u"ARCHIVE"_s, u"VRK3 archives; - is standard input."_s);
+    parser.addOption({{u"r"_s, RECURSIVE}, u"Look for archives in subfolders as well."_s});
+    parser.addOption({{u"j"_s, JOBS},
+                      u"Process N archives at once; 0 means one per processor. The default is 1."_s,
+                      u"N"_s});
+    parser.addOption({{u"q"_s, QUIET}, u"Print only errors and warnings, and show no progress."_s});
+    parser.addPositionalArgument(u"ARCHIVE"_s, u"VRK3 archives, or folders with .vrk3 files; - is "
+                                               "standard input."_s);
     // The parser expects the program's name first.
     if (!parser.parse(QStringList(m_name) + arguments))
         return _wrongUse(parser.errorText().chopped(1)); // without its full stop
@@ -39,28 +69,52 @@ int cCommand::run(const QStringList &arguments)
                 return _wrongUse(u"'%1' is not valid UTF-8"_s.arg(value));
         }
     }
-    m_quiet = parser.isSet(quiet);
-    for (const QString &name : parser.positionalArguments()) {
-        m_archives.append({name});
-        struct stat status = {};
-        if (fileStatus(name, STDIN_FILENO, status) && S_ISREG(status.st_mode))
-            m_inputs.insert(fileId(status));
-    }
-    if (m_archives.isEmpty())
-        return _wrongUse(u"no archive given"_s);
-    const QString wrong = readOptions(parser);
+    QString wrong = _readCommonOptions(parser);
+    if (wrong.isEmpty())
+        wrong = readOptions(parser);
     if (!wrong.isEmpty())
         return _wrongUse(wrong);
 
-    for (const ARCHIVE_T &archive : std::as_const(m_archives)) {
-        _run(archive);
-        if (isInterrupted())
-            endInterrupted();
+    {
+        cProgress progress(m_archives.size(), !m_quiet);
+        if (m_jobs > 1 && m_archives.size() > 1)
+            _runParallel(progress);
+        else
+            for (qsizetype i = 0; i < m_archives.size() && !isInterrupted(); ++i)
+                _runOne(i, progress);
     }
+    if (isInterrupted())
+        endInterrupted();
     _write(after(m_isFirst));
     if (m_output && !m_output->commit())
         _fail(u"standard output"_s, m_output->error());
     return m_status;
+}
+
+// Returns an error message, empty on success.
+QString cCommand::_readCommonOptions(const QCommandLineParser &parser)
+{
+    if (parser.isSet(JOBS)) {
+        bool isNumber = false;
+        m_jobs = parser.value(JOBS).toInt(&isNumber);
+        if (!isNumber || m_jobs < 0 || m_jobs > MAX_JOBS)
+            return u"-j needs a number from 0 to %1"_s.arg(MAX_JOBS);
+        if (m_jobs == 0)
+            m_jobs = QThread::idealThreadCount();
+    }
+    const QStringList arguments = parser.positionalArguments();
+    if (arguments.isEmpty())
+        return u"no archive given"_s;
+    if (arguments.count(STANDARD_STREAM) > 1)
+        return u"standard input can be read only once"_s;
+    m_quiet = parser.isSet(QUIET);
+    m_archives = findArchives(arguments, parser.isSet(RECURSIVE));
+    for (const ARCHIVE_T &archive : std::as_const(m_archives)) {
+        struct stat status = {};
+        if (fileStatus(archive.name, STDIN_FILENO, status) && S_ISREG(status.st_mode))
+            m_inputs.insert(fileId(status));
+    }
+    return {};
 }
 
 QByteArray cCommand::before(bool) const
@@ -73,25 +127,60 @@ QByteArray cCommand::after(bool) const
     return {};
 }
 
-// The result is gone on return, and with it any temporary file.
-void cCommand::_run(const ARCHIVE_T &archive)
+void cCommand::_runOne(qsizetype index, cProgress &progress)
 {
-    RESULT_T result;
-    if (!archive.name.isValidUtf16()) {
-        result.failure = u"its name is not valid UTF-8"_s;
-    } else {
-        cProgress progress(archive.name, !m_quiet);
-        try {
-            result = process(archive, progress);
-        } catch (const std::bad_alloc &) {
-            result.failure = u"out of memory"_s;
-        }
-    }
-    _conclude(archive, result);
+    const ARCHIVE_T &archive = m_archives.at(index);
+    progress.begin(index + 1, archive.name);
+    RESULT_T result = _process(archive, progress);
+    progress.clear();
+    _conclude(archive, std::move(result));
 }
 
-// Commits and prints the result of an archive.
-void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T &result)
+// Processes the archives in a pool of threads, and concludes them here in their order.
+void cCommand::_runParallel(cProgress &progress)
+{
+    QThreadPool pool;
+    pool.setMaxThreadCount(m_jobs);
+    std::queue<std::future<RESULT_T>> results;
+    qsizetype started = 0;
+    for (qsizetype i = 0; i < m_archives.size() && !isInterrupted(); ++i) {
+        for (; started < m_archives.size() && started - i < m_jobs + MAX_WAITING; ++started) {
+            const auto task = std::make_shared<std::packaged_task<RESULT_T()>>(
+                [this, &archive = m_archives.at(started)] {
+                    cProgress none(1, false);
+                    return _process(archive, none);
+                });
+            results.push(task->get_future());
+            pool.start([task] { (*task)(); });
+        }
+        progress.begin(i + 1, m_archives.at(i).name);
+        RESULT_T result = results.front().get();
+        results.pop();
+        progress.clear();
+        _conclude(m_archives.at(i), std::move(result));
+    }
+    // Only after an interrupt is anything left. The threads that work end soon, by themselves.
+    pool.clear();
+}
+
+RESULT_T cCommand::_process(const ARCHIVE_T &archive, cProgress &progress) const
+{
+    if (!archive.failure.isEmpty())
+        return {archive.failure};
+    if (!archive.name.isValidUtf16())
+        return {u"its name is not valid UTF-8"_s};
+    try {
+        RESULT_T result = process(archive, progress);
+        for (const auto &file : result.files)
+            file->moveToThread(QCoreApplication::instance()->thread());
+        return result;
+    } catch (const std::bad_alloc &) {
+        return {u"out of memory"_s};
+    }
+}
+
+// Commits and prints the result of an archive. Temporary files that remain are gone on return.
+void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T result)
 {
     const QString name = displayName(archive.name, u"standard input"_s);
     if (result.failure.isEmpty())
@@ -102,6 +191,10 @@ void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T &result)
         _fail(name, result.failure);
         return;
     }
+    const auto isSkipped = [](const auto &file) { return file->isSkipped(); };
+    if (!result.files.isEmpty() &&
+        std::all_of(result.files.cbegin(), result.files.cend(), isSkipped))
+        result.summary = u"skipped, %1 already exists"_s.arg(result.files.constFirst()->name());
     if (!result.summary.isEmpty() && !m_quiet)
         std::fprintf(stderr, "%s\n", qPrintable(printable(name + u": "_s + result.summary)));
     if (!result.output.isEmpty()) {
@@ -114,13 +207,8 @@ void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T &result)
 QString cCommand::_commit(const RESULT_T &result)
 {
     for (const auto &file : result.files) {
-        struct stat status = {};
-        const auto isFile = [&] {
-            return file->name() != STANDARD_STREAM &&
-                   fileStatus(file->name(), STDOUT_FILENO, status) && S_ISREG(status.st_mode);
-        };
         QString reason;
-        if (isFile() && m_written.contains(fileId(status)))
+        if (const auto id = _regularFile(file->name()); id && m_outputs.contains(*id))
             reason = u"another archive has the same output"_s;
         else if (!file->commit())
             reason = file->error();
@@ -128,8 +216,8 @@ QString cCommand::_commit(const RESULT_T &result)
             const QString name = displayName(file->name(), u"standard output"_s);
             return u"cannot write %1: %2"_s.arg(name, reason);
         }
-        if (isFile())
-            m_written.insert(fileId(status));
+        if (const auto id = _regularFile(file->name()))
+            m_outputs.insert(*id);
     }
     return {};
 }
@@ -139,8 +227,9 @@ void cCommand::_write(const QByteArray &bytes)
     if (bytes.isEmpty())
         return;
     if (!m_output)
-        m_output = std::make_unique<cOutputFile>(STANDARD_STREAM, false, m_inputs);
+        m_output = std::make_unique<cOutputFile>(STANDARD_STREAM, EXISTING_FAIL, m_inputs);
     m_output->slot_Data(bytes);
+    m_output->flush();
 }
 
 void cCommand::_fail(const QString &file, const QString &reason)

@@ -1,6 +1,7 @@
 #ifndef COMMAND_H
 #define COMMAND_H
 
+#include "cli/archives.h"
 #include "cli/fileid.h"
 #include "cli/outputfile.h"
 #include "cli/progress.h"
@@ -15,17 +16,12 @@
 // The exit statuses of the program.
 enum { EXIT_DONE = 0, EXIT_SOME_FAILED = 1, EXIT_WRONG_USE = 2 };
 
-// An archive to process.
-struct ARCHIVE_T {
-    QString name; // "-" is standard input
-};
-
 // What processing an archive produced. Nothing has been printed, and the files have not been given
 // their names: cCommand does both, in the order of the archives.
 struct RESULT_T {
     QString failure{};      // why the archive failed; empty on success
     QStringList warnings{}; // each a sentence about the archive
-    QString summary{};      // what was done, for people; empty if there is nothing to say
+    QString summary{};      // what was done, for people; not used if all files were skipped
     QByteArray output{};    // for standard output
     QList<std::shared_ptr<cOutputFile>> files{}; // a file in error fails the archive
 };
@@ -64,10 +60,13 @@ protected:
     const QSet<FILEID_T> &inputs() const { return m_inputs; }
 
 private:
+    QString _readCommonOptions(const QCommandLineParser &parser);
     int _wrongUse(const QString &reason) const;
     void _showHelp(const QCommandLineParser &parser) const;
-    void _run(const ARCHIVE_T &archive);
-    void _conclude(const ARCHIVE_T &archive, RESULT_T &result);
+    void _runOne(qsizetype index, cProgress &progress);
+    void _runParallel(cProgress &progress);
+    RESULT_T _process(const ARCHIVE_T &archive, cProgress &progress) const;
+    void _conclude(const ARCHIVE_T &archive, RESULT_T result);
     QString _commit(const RESULT_T &result);
     void _write(const QByteArray &bytes);
     void _fail(const QString &file, const QString &reason);
@@ -76,10 +75,11 @@ private:
     QString m_usage;
     QString m_summary;
     bool m_quiet = false;
+    int m_jobs = 1;
     QList<ARCHIVE_T> m_archives;
     QSet<FILEID_T> m_inputs;
 
-    QSet<FILEID_T> m_written;              // the run's outputs
+    QSet<FILEID_T> m_outputs;              // files written or skipped in this run
     std::unique_ptr<cOutputFile> m_output; // standard output, from the first byte on
     bool m_isFirst = true;
     int m_status = EXIT_DONE;

@@ -52,11 +52,12 @@ QString _streams(const cContents &contents)
 QString _sentences(const cContents &contents)
 {
     const NMEA_ACCOUNT_T &account = contents.sentences();
-    QString text = _line("Sentences", u"           accepted   checksum     fields       form"_s);
+    QString text =
+        _line("Sentences", u"           accepted  rejected: checksum     fields       form"_s);
     for (size_t kind = 0; kind < NMEA_KINDS; ++kind)
         text += _line("", u"%1 %2 %3 %4 %5"_s.arg(QLatin1String(NMEA_NAMES.at(kind)), -8)
                               .arg(account.accepted.at(kind), 10)
-                              .arg(account.badChecksum.at(kind), 10)
+                              .arg(account.badChecksum.at(kind), 19)
                               .arg(account.tooFewFields.at(kind), 10)
                               .arg(account.malformed.at(kind), 10));
     const cSentenceNames &unread = contents.unread();

@@ -22,16 +22,28 @@ namespace
 {
 constexpr std::array<FORMAT_T, 4> FORMATS = {
     {{"raw", ".txt"}, {"gpx", ".gpx"}, {"plt", ".plt"}, {"kml", ".kml"}}};
-constexpr const FORMAT_T &DEFAULT_FORMAT = FORMATS[1];
+constexpr const FORMAT_T &RAW = FORMATS[0];
+constexpr const FORMAT_T &GPX = FORMATS[1];
 
 const QString TO = u"to"_s;
 
+// Finds the format with this name or extension, in any case; null if there is none.
 const FORMAT_T *_find(const char *FORMAT_T::*key, const QString &value)
 {
     const auto *const it =
-        std::find_if(FORMATS.begin(), FORMATS.end(),
-                     [&](const FORMAT_T &format) { return value == QLatin1String(format.*key); });
+        std::find_if(FORMATS.begin(), FORMATS.end(), [&](const FORMAT_T &format) {
+            return value.compare(QLatin1String(format.*key), Qt::CaseInsensitive) == 0;
+        });
     return it == FORMATS.end() ? nullptr : it;
+}
+
+const FORMAT_T *_findByExtension(const QString &extension)
+{
+    if (extension.isEmpty())
+        return &GPX;
+    if (extension == ".nmea"_L1 || extension == ".log"_L1)
+        return &RAW;
+    return _find(&FORMAT_T::extension, extension);
 }
 } // namespace
 
@@ -54,12 +66,15 @@ QString cConvert::readOptions(const QCommandLineParser &parser)
     QString wrong = m_targets.read(parser, archives());
     if (!wrong.isEmpty())
         return wrong;
-    m_format = parser.isSet(TO) ? _find(&FORMAT_T::name, parser.value(TO))
-                                : _find(&FORMAT_T::extension, m_targets.extension());
-    if (!m_format && parser.isSet(TO))
-        return u"unknown format '%1' (use raw, gpx, plt or kml)"_s.arg(parser.value(TO));
-    if (!m_format)
-        m_format = &DEFAULT_FORMAT;
+    if (parser.isSet(TO)) {
+        m_format = _find(&FORMAT_T::name, parser.value(TO));
+        if (!m_format)
+            return u"unknown format '%1' (use raw, gpx, plt or kml)"_s.arg(parser.value(TO));
+    } else {
+        m_format = _findByExtension(m_targets.extension());
+        if (!m_format)
+            return m_targets.unknownFormat();
+    }
     return {};
 }
 
@@ -69,7 +84,11 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
     if (!input.error().isEmpty())
         return {input.error()};
     const QString extension = QLatin1String(m_format->extension);
+    RESULT_T result;
     const auto output = m_targets.open(archive, extension, inputs());
+    result.files = {output};
+    if (!output->isOpen())
+        return result;
     cTrackStats stats;
     ACCOUNT_T account;
     bool hasPoints = false;
@@ -85,7 +104,6 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
         pump(input, chain.parser(), progress, output.get());
         account = chain.parser().account();
     }
-    RESULT_T result;
     if (output->error().isEmpty()) {
         result.failure = input.error().isEmpty() ? whyNoTrack(account, stats) : input.error();
         if (!result.failure.isEmpty())
@@ -95,6 +113,5 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
     const QString amount =
         hasPoints ? counted(stats.points(), "point") : counted(output->size(), "byte");
     result.summary = trackSummary(amount, stats, account, output->name());
-    result.files = {output};
     return result;
 }

@@ -2,6 +2,15 @@
 
 #include <QFile>
 
+QString decodeFileName(const char *name)
+{
+    constexpr QChar invalid(0xDCFF);
+    QString decoded = QFile::decodeName(name);
+    if (QFile::encodeName(decoded) != name)
+        decoded.replace(QChar::ReplacementCharacter, invalid);
+    return decoded;
+}
+
 bool fileStatus(const QString &name, int standardStream, struct stat &status)
 {
     if (name == STANDARD_STREAM)

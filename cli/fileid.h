@@ -10,6 +10,10 @@
 // The name that means standard input or output.
 inline const QString STANDARD_STREAM = QStringLiteral("-");
 
+// Decodes a name from the operating system. If it is not valid UTF-8, its invalid bytes become lone
+// surrogates, which QString::isValidUtf16 detects. The result then equals no name that can be used.
+QString decodeFileName(const char *name);
+
 // Identifies a file independently of its name.
 struct FILEID_T {
     dev_t device = 0;

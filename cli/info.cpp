@@ -3,6 +3,7 @@
 #include "cli/contents.h"
 #include "cli/contentsjson.h"
 #include "cli/contentstext.h"
+#include "cli/contentstsv.h"
 #include "cli/messages.h"
 
 #include <QJsonDocument>
@@ -11,8 +12,15 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-const QString JSON = u"json"_s;
+const QString OPTION_JSON = u"json"_s;
+const QString OPTION_JSONL = u"jsonl"_s;
+const QString OPTION_TSV = u"tsv"_s;
+
+QByteArray _json(const cContents &contents, QJsonDocument::JsonFormat format)
+{
+    return printableJson(QJsonDocument(contentsJson(contents)).toJson(format));
 }
+} // namespace
 
 cInfo::cInfo()
     : cCommand(u"info"_s, u"[options] ARCHIVE..."_s,
@@ -22,12 +30,20 @@ cInfo::cInfo()
 
 void cInfo::addOptions(QCommandLineParser &parser)
 {
-    parser.addOption({{u"j"_s, JSON}, u"Print a JSON array with one object per archive."_s});
+    parser.addOption({OPTION_JSON, u"Print a JSON array with one object per archive."_s});
+    parser.addOption({OPTION_JSONL, u"Print one line with a JSON object per archive."_s});
+    parser.addOption({OPTION_TSV, u"Print a table: a header line, then one line per archive, with "
+                                  "tabs between the columns."_s});
 }
 
 QString cInfo::readOptions(const QCommandLineParser &parser)
 {
-    m_json = parser.isSet(JSON);
+    if (parser.isSet(OPTION_JSON) + parser.isSet(OPTION_JSONL) + parser.isSet(OPTION_TSV) > 1)
+        return u"--json, --jsonl and --tsv cannot be combined"_s;
+    m_form = parser.isSet(OPTION_JSON)    ? JSON
+             : parser.isSet(OPTION_JSONL) ? JSONL
+             : parser.isSet(OPTION_TSV)   ? TSV
+                                          : TEXT;
     return {};
 }
 
@@ -36,23 +52,35 @@ RESULT_T cInfo::process(const ARCHIVE_T &archive, cProgress &progress) const
     cContents contents;
     RESULT_T result;
     result.failure = contents.read(archive.name, progress);
-    if (result.failure.isEmpty())
-        result.output =
-            m_json ? printableJson(QJsonDocument(contentsJson(contents)).toJson().trimmed())
-                   : contentsText(contents).toUtf8();
+    if (!result.failure.isEmpty())
+        return result;
+    if (m_form == TEXT)
+        result.output = contentsText(contents).toUtf8();
+    else if (m_form == TSV)
+        result.output = contentsTsv(contents).toUtf8();
+    else if (m_form == JSON)
+        result.output = _json(contents, QJsonDocument::Indented).trimmed();
+    else
+        result.output = _json(contents, QJsonDocument::Compact) + '\n';
     return result;
 }
 
 QByteArray cInfo::before(bool isFirst) const
 {
-    if (m_json)
+    if (m_form == JSON)
         return isFirst ? "[\n" : ",\n";
-    return isFirst ? "" : "\n";
+    if (m_form == TEXT)
+        return isFirst ? "" : "\n";
+    if (m_form == TSV && isFirst)
+        return contentsTsvHeader().toUtf8();
+    return {};
 }
 
 QByteArray cInfo::after(bool isEmpty) const
 {
-    if (m_json)
+    if (m_form == JSON)
         return isEmpty ? "[]\n" : "\n]\n";
+    if (m_form == TSV && isEmpty)
+        return contentsTsvHeader().toUtf8();
     return {};
 }

@@ -3,7 +3,7 @@
 
 #include "cli/command.h"
 
-// `vrk3 info`: reports on standard output what is in archives, as text or as one JSON array.
+// `vrk3 info`: reports on standard output what is in archives, as text, JSON or TSV.
 class cInfo : public cCommand
 {
 public:
@@ -17,7 +17,7 @@ protected:
     QByteArray after(bool isEmpty) const override;
 
 private:
-    bool m_json = false;
+    enum { TEXT, JSON, JSONL, TSV } m_form = TEXT;
 };
 
 #endif

@@ -8,23 +8,75 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <cstdio>
 #include <new>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-void _showHelp(const QList<cCommand *> &commands)
+using commands = QList<cCommand *>;
+
+void _showHelp(const commands &all)
 {
     std::puts("Usage: vrk3 COMMAND [options] ARCHIVE...\n\n"
               "Reports what VRK3 archives contain and writes their GPS tracks.\n\n"
               "Commands:");
-    for (const cCommand *command : commands)
+    for (const cCommand *command : all)
         std::printf("  %-9s%s\n", qPrintable(command->name()), qPrintable(command->summary()));
-    std::puts("\nOptions:\n"
-              "  -h, --help     Print this help; after a command, that command's.\n"
-              "  -v, --version  Print the version.");
+    std::puts("  help     Print this help, or that of a command.\n\n"
+              "Options:\n"
+              "  -h, --help         Print this help; after a command, that command's.\n"
+              "  -v, -V, --version  Print the version.");
+}
+
+cCommand *_find(const commands &all, const QString &name)
+{
+    const auto it = std::find_if(all.begin(), all.end(),
+                                 [&](const cCommand *command) { return command->name() == name; });
+    return it == all.end() ? nullptr : *it;
+}
+
+// How many letters have to be inserted, removed or replaced to turn one word into the other.
+qsizetype _distance(const QString &from, const QString &to)
+{
+    QList<qsizetype> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (const QChar letter : from) {
+        qsizetype diagonal = row[0]++;
+        for (qsizetype i = 1; i < row.size(); ++i) {
+            const qsizetype replaced = diagonal + (letter == to.at(i - 1) ? 0 : 1);
+            diagonal = row[i];
+            row[i] = std::min({replaced, row[i] + 1, row[i - 1] + 1});
+        }
+    }
+    return row.constLast();
+}
+
+// What the user may have meant by an unknown command: a similar one, or a command for an archive.
+QString _suggestion(const commands &all, const QString &word)
+{
+    constexpr qsizetype similar = 2; // letters
+    const cCommand *best = nullptr;
+    for (const cCommand *command : all) {
+        if (command->name().startsWith(word, Qt::CaseInsensitive))
+            best = command;
+        else if (!best && _distance(word.toLower(), command->name()) <= similar)
+            best = command;
+    }
+    if (best)
+        return u"did you mean vrk3 %1?"_s.arg(best->name());
+    if (word.endsWith(".vrk3"_L1, Qt::CaseInsensitive))
+        return u"did you mean vrk3 %1 %2?"_s.arg(all.constFirst()->name(), word);
+    return u"see vrk3 --help"_s;
+}
+
+int _unknownCommand(const commands &all, const QString &word)
+{
+    complain(u"unknown command '%1'; %2"_s.arg(word, _suggestion(all, word)));
+    return EXIT_WRONG_USE;
 }
 
 int _run(const QStringList &arguments)
@@ -32,24 +84,28 @@ int _run(const QStringList &arguments)
     cConvert convert;
     cInfo info;
     cPlot plot;
-    const QList<cCommand *> commands = {&convert, &info, &plot};
+    const commands all = {&convert, &info, &plot}; // the first is suggested for an archive
 
     const QString first = arguments.value(1);
-    if (first == "--help"_L1 || first == "-h"_L1) {
-        _showHelp(commands);
-        return EXIT_DONE;
+    if (first.isEmpty()) {
+        complain(u"no command given; see vrk3 --help"_s);
+        return EXIT_WRONG_USE;
     }
-    if (first == "--version"_L1 || first == "-v"_L1) {
+    if (QStringList{u"-h"_s, u"--help"_s, u"help"_s}.contains(first)) {
+        const QString topic = arguments.value(2);
+        if (first != "help"_L1 || topic.isEmpty()) {
+            _showHelp(all);
+            return EXIT_DONE;
+        }
+        cCommand *const command = _find(all, topic);
+        return command ? command->run({u"--help"_s}) : _unknownCommand(all, topic);
+    }
+    if (QStringList{u"-v"_s, u"-V"_s, u"--version"_s}.contains(first)) {
         std::puts("vrk3 " VRKTRK_VERSION);
         return EXIT_DONE;
     }
-    for (cCommand *command : commands) {
-        if (command->name() == first)
-            return command->run(arguments.mid(2));
-    }
-    complain(first.isEmpty() ? u"no command given; see vrk3 --help"_s
-                             : u"unknown command '%1'; see vrk3 --help"_s.arg(first));
-    return EXIT_WRONG_USE;
+    cCommand *const command = _find(all, first);
+    return command ? command->run(arguments.mid(2)) : _unknownCommand(all, first);
 }
 } // namespace
 

@@ -44,8 +44,8 @@ QString _followLinks(const QString &name)
 }
 } // namespace
 
-cOutputFile::cOutputFile(QString name, bool overwrite, const QSet<FILEID_T> &inputs)
-    : m_name(std::move(name)), m_path(m_name), m_overwrite(overwrite)
+cOutputFile::cOutputFile(QString name, EXISTING_T existing, const QSet<FILEID_T> &inputs)
+    : m_name(std::move(name)), m_path(m_name), m_existing(existing), m_file(this)
 {
     m_buffer.reserve(BUFFER_SIZE);
     struct stat old = {};
@@ -55,7 +55,9 @@ cOutputFile::cOutputFile(QString name, bool overwrite, const QSet<FILEID_T> &inp
         _fail(u"it is one of the input archives"_s);
     else if (m_name == STANDARD_STREAM)
         m_fd = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
-    else if (isFile && !overwrite)
+    else if (isFile && existing == EXISTING_SKIP)
+        m_skipped = true;
+    else if (isFile && existing == EXISTING_FAIL)
         _fail(u"it already exists (use --overwrite to replace it)"_s);
     else if (!exists && errno == ELOOP)
         _failBySystem();
@@ -63,7 +65,7 @@ cOutputFile::cOutputFile(QString name, bool overwrite, const QSet<FILEID_T> &inp
         _openTemporary(exists ? &old : nullptr);
     else
         m_fd = ::open(QFile::encodeName(m_name).constData(), O_WRONLY | O_CLOEXEC);
-    if (m_fd < 0 && m_error.isEmpty())
+    if (m_fd < 0 && isOpen())
         _failBySystem();
 }
 
@@ -76,7 +78,7 @@ cOutputFile::~cOutputFile()
 void cOutputFile::_openTemporary(const struct stat *old)
 {
     // Replace the file itself, not a link to it, and only if it is writable.
-    if (m_overwrite)
+    if (m_existing == EXISTING_REPLACE)
         m_path = _followLinks(m_name);
     if (old) {
         if (::access(QFile::encodeName(m_path).constData(), W_OK) != 0)
@@ -94,16 +96,18 @@ void cOutputFile::_openTemporary(const struct stat *old)
 
 void cOutputFile::slot_Data(const QByteArray &a)
 {
-    if (!m_error.isEmpty())
+    if (!isOpen())
         return;
     m_size += a.size();
     m_buffer.append(a);
     if (m_buffer.size() >= BUFFER_SIZE)
-        _flush();
+        flush();
 }
 
-bool cOutputFile::_flush()
+bool cOutputFile::flush()
 {
+    if (!isOpen())
+        return m_skipped;
     const char *p = m_buffer.constData();
     const char *const end = p + m_buffer.size();
     while (p < end) {
@@ -121,7 +125,7 @@ bool cOutputFile::_flush()
 
 bool cOutputFile::finish()
 {
-    if (m_finished || !m_error.isEmpty() || !_flush())
+    if (m_finished || !isOpen() || !flush())
         return m_error.isEmpty();
     m_finished = true;
     if (!m_file.isOpen()) {
@@ -136,12 +140,12 @@ bool cOutputFile::finish()
 
 bool cOutputFile::commit()
 {
-    return finish() && (!m_file.isOpen() || _publish());
+    return finish() && (m_skipped || !m_file.isOpen() || _publish());
 }
 
 bool cOutputFile::_publish()
 {
-    if (!m_overwrite) {
+    if (m_existing != EXISTING_REPLACE) {
         // Fails if another process has created a file of that name since.
         if (!m_file.rename(m_path))
             return _fail(m_file.errorString());

@@ -6,6 +6,9 @@
 #include <QObject>
 #include <QTemporaryFile>
 
+// What to do if an output's file exists.
+enum EXISTING_T { EXISTING_FAIL, EXISTING_REPLACE, EXISTING_SKIP };
+
 // The sink of a chain: the complete output appears under its name, or nothing does.
 //
 // Bytes go to an unnamed file in the output's folder (or to a hidden file where the file system has
@@ -20,15 +23,21 @@ class cOutputFile : public QObject
     Q_OBJECT
 
 public:
-    // Opens the output; "-" is standard output. An existing regular file is an error unless
-    // overwrite is set; a file in inputs is always one.
-    cOutputFile(QString name, bool overwrite, const QSet<FILEID_T> &inputs);
+    // Opens the output; "-" is standard output. existing is about regular files; a file in inputs
+    // is always an error.
+    cOutputFile(QString name, EXISTING_T existing, const QSet<FILEID_T> &inputs);
     // Discards what was not committed.
     ~cOutputFile() override;
     Q_DISABLE_COPY_MOVE(cOutputFile)
 
     const QString &name() const { return m_name; }
+    // Whether the output accepts bytes: it was not skipped, and nothing has gone wrong.
+    bool isOpen() const { return !m_skipped && m_error.isEmpty(); }
+    // Whether the file exists and is to be left alone. All operations then do nothing and succeed.
+    bool isSkipped() const { return m_skipped; }
 
+    // Passes what has been received to the operating system. Returns false on failure.
+    bool flush();
     // Writes everything to the disk; no bytes may follow. Returns false on failure.
     bool finish();
     // Finishes the output if that has not been done, and gives it its name. Returns false on
@@ -41,19 +50,20 @@ public:
     qint64 size() const { return m_size; }
 
 public Q_SLOTS:
-    // Appends the bytes; does nothing after an error. The array need not outlive the call.
+    // Appends the bytes; does nothing unless the output is open. The array need not outlive the
+    // call.
     void slot_Data(const QByteArray &a);
 
 private:
     void _openTemporary(const struct stat *old);
-    bool _flush();
     bool _publish();
     bool _fail(const QString &reason);
     bool _failBySystem();
 
     QString m_name;
     QString m_path; // m_name, or the file that a link of this name points to
-    bool m_overwrite = false;
+    EXISTING_T m_existing = EXISTING_FAIL;
+    bool m_skipped = false;
     int m_fd = -1;
     QTemporaryFile m_file; // not open for standard output, devices and pipes
     mode_t m_mode = 0;

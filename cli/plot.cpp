@@ -9,6 +9,11 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+const QString EXTENSION = u".svg"_s;
+}
+
 cPlot::cPlot()
     : cCommand(u"plot"_s, u"[options] ARCHIVE..."_s, u"Draw GPS tracks as SVG pictures."_s)
 {
@@ -21,15 +26,19 @@ void cPlot::addOptions(QCommandLineParser &parser)
 
 QString cPlot::readOptions(const QCommandLineParser &parser)
 {
-    return m_targets.read(parser, archives());
+    QString wrong = m_targets.read(parser, archives());
+    const QString extension = m_targets.extension();
+    if (wrong.isEmpty() && !extension.isEmpty() && extension != EXTENSION)
+        wrong = u"-o needs a name that ends in .svg"_s;
+    return wrong;
 }
 
 RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
 {
     RESULT_T result;
-    const auto output = m_targets.open(archive, u".svg"_s, inputs());
+    const auto output = m_targets.open(archive, EXTENSION, inputs());
     result.files = {output};
-    if (!output->error().isEmpty())
+    if (!output->isOpen())
         return result;
 
     cTrackReader reader;

@@ -4,24 +4,32 @@
 #include <QElapsedTimer>
 #include <QString>
 
-// A progress bar on standard error for work that takes longer than a second. It appears only on a
+// A progress bar on standard error for runs that take longer than a second. It appears only on a
 // terminal; the destructor erases it.
 class cProgress
 {
 public:
-    // name is the input's, possibly "-". A disabled bar never appears.
-    cProgress(const QString &name, bool enabled);
+    // archives is their number in the whole run. A disabled bar never appears.
+    cProgress(qsizetype archives, bool enabled);
     ~cProgress();
     Q_DISABLE_COPY_MOVE(cProgress)
 
+    // Starts on the archive of this number, counted from 1. The name may be "-".
+    void begin(qsizetype number, const QString &name);
     // Moves the bar to position of size bytes. If size is 0, the size is unknown and the bytes read
     // are shown instead. Cheap enough to call for every block.
     void setPosition(qint64 position, qint64 size);
+    // Erases the bar until the next of the calls above; call it before printing a line.
+    void clear();
 
 private:
-    QString m_name;
+    bool _isDue();
+    void _show(const QByteArray &bar);
+
+    qsizetype m_archives = 0;
     bool m_enabled = false;
     bool m_shown = false;
+    QString m_label;
     qint64 m_nextShow = 0; // in milliseconds of m_timer
     QElapsedTimer m_timer;
 };

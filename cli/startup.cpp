@@ -1,6 +1,6 @@
 #include "cli/startup.h"
 
-#include <QFile>
+#include "cli/fileid.h"
 
 #include <array>
 #include <csignal>
@@ -52,13 +52,8 @@ void setSignals()
 
 QStringList decodeArguments(int argc, char **argv)
 {
-    constexpr QChar invalid(0xDCFF);
     QStringList arguments;
-    for (int i = 0; i < argc; ++i) {
-        QString argument = QFile::decodeName(argv[i]);
-        if (QFile::encodeName(argument) != argv[i])
-            argument.replace(QChar::ReplacementCharacter, invalid);
-        arguments.append(argument);
-    }
+    for (int i = 0; i < argc; ++i)
+        arguments.append(decodeFileName(argv[i]));
     return arguments;
 }

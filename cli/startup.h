@@ -15,8 +15,7 @@ void openStandardStreams();
 // exception can be caught.
 void setSignals();
 
-// Decodes the program's arguments. If one is not valid UTF-8, its invalid bytes become lone
-// surrogates, which QString::isValidUtf16 detects. It then equals no name that can be used.
+// Decodes the program's arguments with decodeFileName.
 QStringList decodeArguments(int argc, char **argv);
 
 #endif

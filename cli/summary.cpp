@@ -22,6 +22,11 @@ QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats)
     return reason;
 }
 
+qint64 uselessBytes(const ACCOUNT_T &account)
+{
+    return account.received - account.hdr - account.idx - account.heads - account.delivered;
+}
+
 QString pointTime(const nmea_data &n)
 {
     cLocalClock clock;
@@ -56,7 +61,6 @@ QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCO
                      const QString &output)
 {
     const QString span = stats.located() > 0 ? timeSpan(stats) + u", "_s : QString();
-    const qint64 used = account.hdr + account.idx + account.heads + account.delivered;
-    return u"%1, %2%3 skipped -> %4"_s.arg(amount, span, counted(account.received - used, "byte"),
+    return u"%1, %2%3 skipped -> %4"_s.arg(amount, span, counted(uselessBytes(account), "byte"),
                                            displayName(output, u"standard output"_s));
 }

@@ -14,6 +14,9 @@ QString whyNoArchive(const ACCOUNT_T &account);
 // Why an archive that was read completely has no track; empty if it has one.
 QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats);
 
+// The bytes of an archive that were of no use: all that is damaged or incomplete.
+qint64 uselessBytes(const ACCOUNT_T &account);
+
 // The time of a point as in a GPX file, "2011-03-23T12:01:07Z"; empty if the year does not have
 // four digits.
 QString pointTime(const nmea_data &n);
@@ -23,7 +26,7 @@ QString pointTime(const nmea_data &n);
 QString timeSpan(const cTrackStats &stats, bool withDate = false);
 
 // "1234 points, 12:01:07 to 13:20:44 UTC, 56 bytes skipped -> a.gpx", where amount is the first
-// part and output the name of the file or "-". The bytes skipped are all that were of no use.
+// part and output the name of the file or "-". The bytes skipped are uselessBytes().
 QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCOUNT_T &account,
                      const QString &output);
 

@@ -12,6 +12,7 @@ namespace
 const QString OUTPUT = u"output"_s;
 const QString FOLDER = u"folder"_s;
 const QString OVERWRITE = u"overwrite"_s;
+const QString SKIP = u"skip-existing"_s;
 
 bool _isStandardInput(const ARCHIVE_T &archive)
 {
@@ -28,13 +29,18 @@ void cTargets::addOptions(QCommandLineParser &parser)
                       u"Write to FOLDER instead of the folder of each archive."_s,
                       u"FOLDER"_s});
     parser.addOption({{u"y"_s, OVERWRITE}, u"Replace existing files."_s});
+    parser.addOption({SKIP, u"Skip archives whose output exists."_s});
 }
 
 QString cTargets::read(const QCommandLineParser &parser, const QList<ARCHIVE_T> &archives)
 {
     m_file = parser.value(OUTPUT);
     m_folder = parser.value(FOLDER);
-    m_overwrite = parser.isSet(OVERWRITE);
+    m_existing = parser.isSet(OVERWRITE) ? EXISTING_REPLACE
+                 : parser.isSet(SKIP)    ? EXISTING_SKIP
+                                         : EXISTING_FAIL;
+    if (parser.isSet(OVERWRITE) && parser.isSet(SKIP))
+        return u"-y and --skip-existing cannot be combined"_s;
     if (parser.isSet(OUTPUT) && parser.isSet(FOLDER))
         return u"-o and -d cannot be combined"_s;
     if (parser.isSet(OUTPUT) && m_file.isEmpty())
@@ -45,32 +51,43 @@ QString cTargets::read(const QCommandLineParser &parser, const QList<ARCHIVE_T> 
         return u"-o works with a single archive; use -d for several"_s;
     if (parser.isSet(FOLDER) && std::any_of(archives.begin(), archives.end(), _isStandardInput))
         return u"-d cannot name the output of standard input; use -o"_s;
+    if (parser.isSet(FOLDER) && !QFileInfo(m_folder).isDir())
+        return u"there is no folder '%1'"_s.arg(m_folder);
     return {};
 }
 
 std::shared_ptr<cOutputFile> cTargets::open(const ARCHIVE_T &archive, const QString &extension,
                                             const QSet<FILEID_T> &inputs) const
 {
-    return std::make_shared<cOutputFile>(_nameFor(archive.name, extension), m_overwrite, inputs);
+    if (!m_folder.isEmpty() && !archive.subfolder.isEmpty())
+        (void)QDir(m_folder).mkpath(archive.subfolder); // on failure the next line fails
+    return std::make_shared<cOutputFile>(_nameFor(archive, extension), m_existing, inputs);
 }
 
-QString cTargets::_nameFor(const QString &archive, const QString &extension) const
+QString cTargets::_nameFor(const ARCHIVE_T &archive, const QString &extension) const
 {
     if (!m_file.isEmpty())
         return m_file;
-    if (archive == STANDARD_STREAM)
+    if (_isStandardInput(archive))
         return STANDARD_STREAM;
-    const QFileInfo info(archive);
+    const QFileInfo info(archive.name);
     // A hidden file without an extension has no base name: nothing comes before its dot.
     const QString base =
         info.completeBaseName().isEmpty() ? info.fileName() : info.completeBaseName();
-    if (!m_folder.isEmpty())
-        return QDir(m_folder).filePath(base + extension);
-    return archive.left(archive.size() - info.fileName().size()) + base + extension;
+    if (!m_folder.isEmpty()) {
+        const QString below = archive.subfolder.isEmpty() ? QString() : archive.subfolder + u'/';
+        return QDir(m_folder).filePath(below + base + extension);
+    }
+    return archive.name.left(archive.name.size() - info.fileName().size()) + base + extension;
 }
 
 QString cTargets::extension() const
 {
     const QString suffix = QFileInfo(m_file).suffix();
     return suffix.isEmpty() ? QString() : u'.' + suffix.toLower();
+}
+
+QString cTargets::unknownFormat() const
+{
+    return u"%1: unknown format; use --to"_s.arg(m_file);
 }

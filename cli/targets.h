@@ -18,20 +18,23 @@ public:
     // Reads the options for these archives. Returns an error message, empty on success.
     QString read(const QCommandLineParser &parser, const QList<ARCHIVE_T> &archives);
 
-    // Opens the output for an archive. The extension, with its dot, is used unless -o names the
-    // file. Never null; if opening failed, the output's error() says why.
+    // Opens the output for an archive, in a subfolder that is created if -d reproduces a tree. The
+    // extension, with its dot, is used unless -o names the file. Never null. If the output is not
+    // open, there is nothing to do: return it in RESULT_T::files, and cCommand reports why.
     std::shared_ptr<cOutputFile> open(const ARCHIVE_T &archive, const QString &extension,
                                       const QSet<FILEID_T> &inputs) const;
 
     // The extension of -o's file with its dot, in lower case; empty if there is none.
     QString extension() const;
+    // The error message for an extension that the command does not know.
+    QString unknownFormat() const;
 
 private:
-    QString _nameFor(const QString &archive, const QString &extension) const;
+    QString _nameFor(const ARCHIVE_T &archive, const QString &extension) const;
 
     QString m_file;
     QString m_folder;
-    bool m_overwrite = false;
+    EXISTING_T m_existing = EXISTING_FAIL;
 };
 
 #endif

@@ -47,7 +47,12 @@ class Outputs(Case):
         found = json.loads(output)
         jsonschema.validate(found, schema)
         self.assertTrue(all(sum(f["bytes"].values()) == 2 * f["bytes"]["total"] for f in found))
-        self.assertEqual(self.vrk3("info", "-j", "nix")[:2], (1, b"[]\n"))
+        self.assertEqual(self.vrk3("info", "--json", "nix")[:2], (1, b"[]\n"))
+        lines = self.vrk3("info", "--jsonl", "everything.vrk3", "nix", "nogps.vrk3")[1].splitlines()
+        self.assertEqual([json.loads(line) for line in lines], found)
+        table = self.vrk3("info", "--tsv", "everything.vrk3", "nix", "nogps.vrk3")[1]
+        self.assertReference("info.tsv", table)
+        self.assertEqual(self.vrk3("info", "--tsv", "nix")[1], table.splitlines(keepends=True)[0])
 
     def test_names(self):
         self.write("a.vrk3", GOOD)
@@ -58,7 +63,7 @@ class Outputs(Case):
         for arguments, name, form in (
                 ("a.vrk3", "a.gpx", "gpx"), ("--to raw a.vrk3", "a.txt", "raw"),
                 ("-t kml -d d.d a.vrk3", "d.d/a.kml", "kml"), ("-o x.PLT a.vrk3", "x.PLT", "plt"),
-                ("-o y a.vrk3", "y", "gpx"), ("-t raw -o z.gpx a.vrk3", "z.gpx", "raw"),
+                ("-o y a.vrk3", "y", "gpx"), ("-o x.LOG a.vrk3", "x.LOG", "raw"), ("-t RAW -o z.gpx a.vrk3", "z.gpx", "raw"),
                 ("a.b.vrk3", "a.b.gpx", "gpx"), ("d.d/noext", "d.d/noext.gpx", "gpx"),
                 (".hidden", ".hidden.gpx", "gpx"), ("-y -o old.gpx a.vrk3", "old.gpx", "gpx"),
                 (f"{self.folder}/a.vrk3 --to kml", "a.kml", "kml"), ("-q -t plt a.vrk3", "a.plt", "plt")):
@@ -74,23 +79,26 @@ class Outputs(Case):
         for name, data in (("a.vrk3", GOOD), ("nogps.vrk3", archive(b"x", stream=7)), ("old.gpx", b"old"),
                            ("noise.vrk3", bytes(5000)), ("empty.vrk3", b""), ("protected.gpx", b"old"),
                            ("zero.vrk3", archive(gprmc(1, 0, 0))), ("locked.vrk3", GOOD),
-                           ("\udcff.vrk3", GOOD), ("d/a.vrk3", LONG)):
+                           ("\udcff.vrk3", GOOD), ("d/a.vrk3", LONG), ("e/a.txt", b""), ("locked/a.vrk3", GOOD)):
             self.write(name, data)
         os.symlink("a.vrk3", self.path("link.gpx"))
-        os.link(self.path("a.vrk3"), self.path("hard.gpx"))
-        for name, mode in (("locked.vrk3", 0), ("protected.gpx", 0o444)):
+        os.link(self.path("a.vrk3"), self.path("hard.svg"))
+        for name, mode in (("locked.vrk3", 0), ("locked", 0), ("protected.gpx", 0o444)):
             os.chmod(self.path(name), mode)
         before = {name: self.read(name) for name in self.files()}
         record = ""
         for line in (
-                "", "nix", "convert", "convert --nix a", "convert --to csv a.vrk3", "info", "plot --json a",
-                "convert -o a -d b c", "convert -o x a b", "convert -d . -", "convert -d= a", "plot -o= a",
-                "convert nix.vrk3", "convert -q d", "convert locked.vrk3", "convert empty.vrk3",
-                "convert noise.vrk3", "info noise.vrk3", "convert nogps.vrk3", "convert -t kml nogps.vrk3",
-                "plot zero.vrk3", "convert -o old.gpx a.vrk3", "convert -o d -y a.vrk3",
-                "convert -d nix a.vrk3", "convert -o protected.gpx -y a.vrk3", "convert -o a.vrk3 -y a.vrk3",
-                "convert -o /dev/full a.vrk3", "convert -o link.gpx -y a.vrk3", "plot -o hard.gpx -y a.vrk3",
-                "convert \udcff.vrk3", "--version", "-v", "--help", "-h", *(f"{c} -h" for c in COMMANDS)):
+                "", "nix", "covnert x", "Conv", "a.vrk3", "help nix", "convert", "convert --nix a", "info -jx a",
+                "convert --to csv a.vrk3", "convert -o a.kmz a.vrk3", "plot -o a.png a.vrk3", "info - -",
+                "plot --tsv a", "info --tsv --json a", "convert -o a -d b c", "convert -o x a b", "convert -d . -",
+                "convert -d= a", "plot -o= a", "convert -d nix a.vrk3", "convert -y --skip-existing a",
+                "convert -j 257 a", "convert -j -1 a", "convert nix.vrk3", "convert -q e", "convert -r e",
+                "convert locked.vrk3", "convert -r locked", "convert empty.vrk3", "convert noise.vrk3",
+                "info noise.vrk3", "convert nogps.vrk3", "convert -t kml nogps.vrk3", "plot zero.vrk3",
+                "convert -o old.gpx a.vrk3", "convert -o d -y a.vrk3", "convert -o protected.gpx -y a.vrk3",
+                "convert -o a.vrk3 -yt gpx a.vrk3", "convert -o /dev/full a.vrk3", "convert -o link.gpx -y a.vrk3",
+                "plot -o hard.svg -y a.vrk3", "convert \udcff.vrk3", "--version", "-v", "-V", "help", "--help",
+                "-h", "help info", *(f"{c} -h" for c in COMMANDS)):
             status, output, errors = self.vrk3(*line.split(), before=NOBODY)
             record += f"$ vrk3 {line}\n{output.decode()}{errors}[{status}]\n"
         self.assertEqual({name: self.read(name) for name in self.files()}, before)
@@ -102,18 +110,59 @@ class Outputs(Case):
                 errors = self.vrk3(*command.split(), "a.vrk3", stdout=file)[2]
                 self.assertIn("it is one of the input archives", errors)
 
-    def test_several(self):
-        """An archive that fails does not stop the others, and no output replaces another one."""
+
+class Many(Case):
+    def test_tree(self):
+        """A tree of archives: those before a slow one wait for it, and a second run leaves all alone."""
+        for name, data in (("t/a.vrk3", LONG), ("t/s/b.VRK3", GOOD), ("t/s/u/c.vrk3", GOOD), ("t/z.vrk3", GOOD),
+                           ("t/bad.vrk3", bytes(99)), ("t/s/no.txt", GOOD), ("t/.x.vrk3", GOOD),
+                           ("t/s/b.vrk3", GOOD), ("far/y.vrk3", GOOD), ("out/a.gpx", b"old")):
+            self.path(name).parent.mkdir(parents=True, exist_ok=True)
+            self.write(name, data)
+        os.symlink("../far", self.path("t/link"))
+        os.symlink("/dev/zero", self.path("t/zero.vrk3"))
+        good = "{}: 2 points, 01:00:00 to 01:01:01 UTC, 0 bytes skipped -> out/{}.gpx\n"
+        skipped = "{}: skipped, out/{}.gpx already exists\n"
+        bad = "vrk3: t/bad.vrk3: not a VRK3 archive, or its header is missing\n"
+        both = "vrk3: t/s/b.vrk3: cannot write out/s/b.gpx: another archive has the same output\n"
+        for line in good, skipped:
+            expected = "".join((skipped.format("t/a.vrk3", "a"), bad, line.format("t/s/b.VRK3", "s/b"), both,
+                                line.format("t/s/u/c.vrk3", "s/u/c"), line.format("t/z.vrk3", "z")))
+            arguments = "convert -j 2 -r -d out --skip-existing t".split()
+            self.assertEqual(self.vrk3(*arguments), (1, b"", expected))
+            times = [os.stat(self.path(name)).st_mtime_ns for name in self.files()]
+        self.assertEqual(self.vrk3(*arguments, "-q"), (1, b"", bad + both))
+        self.assertEqual([os.stat(self.path(name)).st_mtime_ns for name in self.files()], times)
+        self.assertEqual([n for n in self.files() if n.startswith("out")],
+                         ["out/a.gpx", "out/s/b.gpx", "out/s/u/c.gpx", "out/z.gpx"])
+        self.assertEqual(self.read("out/a.gpx"), b"old")
+        outputs = [self.vrk3("convert", "-yqd", "out", "-j", jobs, "t") for jobs in "102"]
+        self.assertEqual(outputs, [(1, b"", bad)] * 3)
+        outputs = [self.vrk3("info", "-j", jobs, "-r", "t")[1] for jobs in "12"]
+        self.assertEqual(outputs[0], outputs[1])
+
+    def test_same_output(self):
         for name, data in (("a.vrk3", GOOD), ("z.vrk3", GOOD), ("d/a.vrk3", LONG), ("d/b.vrk3", LONG)):
             self.write(name, data)
-        self.assertEqual(self.vrk3("convert", "-q", "a.vrk3", "nix", "z.vrk3"),
-                         (1, b"", "vrk3: nix: No such file or directory\n"))
-        self.assertEqual(self.read("a.gpx"), self.read("z.gpx"))
+        self.vrk3("convert", "z.vrk3")
         os.symlink("a.gpx", self.path("b.gpx"))
-        status, _, errors = self.vrk3("convert", "-qyd", ".", "a.vrk3", "d/a.vrk3", "d/b.vrk3")
-        self.assertEqual((status, errors), (1, "".join(
-            f"vrk3: d/{n}.vrk3: cannot write ./{n}.gpx: another archive has the same output\n" for n in "ab")))
-        self.assertEqual(self.read("a.gpx"), self.read("z.gpx"))
+        for jobs in "1", "4":
+            status, _, errors = self.vrk3("convert", "-qyj", jobs, "-d", ".", "a.vrk3", "d")
+            self.assertEqual((status, errors), (1, "".join(
+                f"vrk3: d/{n}.vrk3: cannot write ./{n}.gpx: another archive has the same output\n" for n in "ab")))
+            self.assertEqual(self.read("a.gpx"), self.read("z.gpx"))
+
+    def test_interrupted(self):
+        for i in range(30):
+            self.write(f"t/{i}.vrk3", LONG)
+        with self.start("convert", "-j2", "t") as process:
+            process.stderr.readline()
+            process.send_signal(signal.SIGINT)
+            process.communicate()
+        self.assertEqual(process.returncode, -signal.SIGINT)
+        sizes = {self.path(n).stat().st_size for n in self.files() if not n.endswith(".vrk3")}
+        self.assertLess(len(self.files()), 60)
+        self.assertEqual(len(sizes), 1)
 
 
 class Machine(Case):
@@ -224,9 +273,11 @@ class Machine(Case):
             self.assertLess(peak(form, 20), peak(form, 1) + 4 * 1024)
 
     def test_progress(self):
+        self.write("nogps.vrk3", archive(b"x", stream=7))
         for quiet in (False, True):
             terminal, end = pty.openpty()
-            with self.half_way("convert", "-yo", "x.gpx", "-", *["-q"] * quiet, stderr=end) as process:
+            with self.half_way("convert", "-yt", "gpx", "nogps.vrk3", "-", *["-q"] * quiet, stderr=end,
+                               stdout=subprocess.DEVNULL) as process:
                 time.sleep(1.1)  # the bar appears after a second
                 process.communicate(LONG[1000000:])
             os.write(end, b"end")
@@ -235,8 +286,8 @@ class Machine(Case):
                 text += os.read(terminal, 10000)
             os.close(end)
             os.close(terminal)
-            self.assertRegex(text, b"^end" if quiet else
-                             b"MB standard input.*\\r\x1b\\[Kstandard input: 80000 points")
+            self.assertRegex(text, b"GPS data\r\nend" if quiet else
+                             b"MB archive 2 of 2 standard input.*\\r\x1b\\[Kstandard input: 80000 points")
 
 
 class Documents(Case):
@@ -245,7 +296,7 @@ class Documents(Case):
         completion = os.path.join(SOURCE, "cli/vrk3.bash-completion")
         for command in COMMANDS:
             output = self.vrk3(command, "--help")[1].decode()
-            options = re.findall(r"--[a-z]+", output.split("Options:")[1])
+            options = re.findall(r"--[a-z-]+", output.split("Options:")[1])
             script = ('. "$0"; COMP_WORDS=(vrk3 %s --); COMP_CWORD=2; _vrk3; echo "${COMPREPLY[@]}"'
                       % command)
             offered = subprocess.check_output(["bash", "-c", script, completion], text=True).split()
