@@ -24,6 +24,17 @@ QByteArray _sentences()
 }
 
 // Interleaved fragments, an extension head, two groups, a second header.
+// All sentences that the track is read from.
+QByteArray _otherSentences()
+{
+    return "A title\n" + nmeaSentence("GNRMC,235959.5,A,5545.12345,N,17959.9,E,1,2,311299,,,A,V") +
+           nmeaSentence("GPGGA,235959.5,5545.12,N,17959.9,E,2,08,0.9,145.5,M,14,M,,") +
+           nmeaSentence("GPGSA,A,3,,,,,,,,,,,,,1,0.8,1") +
+           nmeaSentence("GNGNS,1,5545,N,17959.9,W,AN,9,1.5,7,1,,") +
+           nmeaSentence("GPVTG,1,,,,,,9") + nmeaSentence("GPZDA,2,01,01,2000") +
+           nmeaSentence("GPGLL,5545,S,1,E,2,A") + "$IIGLL,5545.1,N,03737.0,E,120107,A\r\n";
+}
+
 QByteArray _rich()
 {
     cArchiveWriter w;
@@ -77,6 +88,7 @@ int main(int argc, char **argv)
                       _write(folder + "/fuzz_chain", "damaged", _damaged()) &&
                       _write(folder + "/fuzz_chain", "open", "\xFE" + _open()) &&
                       _write(folder + "/fuzz_nmea", "sentences", _sentences()) &&
+                      _write(folder + "/fuzz_track", "sentences", _otherSentences()) &&
                       _write(folder + "/fuzz_undecorate", "escapes", R"(a\\b\x41\n\q\)") &&
                       _write(folder + "/fuzz_inifile", "file", ini);
     if (!done)

@@ -3,7 +3,7 @@
 
 # What each kind of work needs of Debian 12 beyond its base system.
 declare -A packages=(
-    [build]="g++ cmake ninja-build qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
+    [build]="g++ cmake ninja-build qt6-base-dev qt6-positioning-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
              qt6-translations-l10n librsvg2-bin dpkg-dev file gettext appstream
              shared-mime-info"
     # A virtual desktop, with the means to press, type and look on it.

@@ -1,0 +1,403 @@
+#include "track/fixreader.h"
+
+#include <QDate>
+#include <QGeoCoordinate>
+#include <QNmeaPositionInfoSource>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <functional>
+#include <numeric>
+
+// Qt offers its reading of single sentences to subclasses only.
+class cNmeaLibrary : public QNmeaPositionInfoSource
+{
+public:
+    cNmeaLibrary() : QNmeaPositionInfoSource(SimulationMode) {}
+    using QNmeaPositionInfoSource::parsePosInfoFromNmeaData;
+};
+
+namespace
+{
+// A sentence may be late by so many instants, less one.
+constexpr qsizetype MAX_OPEN = 4;
+// Positions of more kinds of sentences and talkers are not told apart within an instant.
+constexpr qsizetype MAX_POSITIONS = 16;
+// A time of day that steps back by less than this is late; otherwise a new day has begun.
+constexpr qint64 MAX_BACKWARD = MS_PER_HOUR;
+// Years of two digits from here on belong to the last century.
+constexpr int FIRST_YEAR = 80;
+constexpr qint64 JULIAN_DAY_OF_1970 = 2440588;
+
+// Digits as a number; a negative one for anything else.
+int _number(QByteArrayView digits)
+{
+    bool isNumber = false;
+    const int value = digits.toInt(&isNumber);
+    return isNumber ? value : -1;
+}
+
+// hhmmss or hhmmss.sss as milliseconds of the day, -1 for anything else. Leading zeros may be
+// missing, as some receivers leave them out. No output format can express a leap second, so it is
+// squeezed into the last hundredth of the second before, where it keeps its place.
+int _time(QByteArrayView field)
+{
+    const qsizetype point = field.indexOf('.');
+    const int digits = _number(point < 0 ? field : field.first(point));
+    const int hour = digits / 10000;
+    const int minute = digits / 100 % 100;
+    const int second = digits % 100;
+    if (digits < 0 || hour > 23 || minute > 59 || second > 60)
+        return -1;
+    int fraction = 0;
+    for (int weight = 100; const char c : point < 0 ? QByteArrayView() : field.sliced(point + 1)) {
+        if (c < '0' || c > '9')
+            return -1;
+        fraction += (c - '0') * weight;
+        weight /= 10;
+    }
+    const int whole = (hour * 60 + minute) * 60 * 1000;
+    return whole + (second == 60 ? 59'990 + fraction / 100 : second * 1000 + fraction);
+}
+
+// The day of a date since 1970-01-01; none if there is no such date.
+std::optional<qint64> _day(int year, int month, int day)
+{
+    const QDate date(year, month, day);
+    if (year < 1 || !date.isValid())
+        return {};
+    return date.toJulianDay() - JULIAN_DAY_OF_1970;
+}
+
+bool _isValid(QByteArrayView status)
+{
+    return status == "A" || status == "D"; // D was once the mark of a differential fix
+}
+
+// Takes over a value unless one is known already or this is none.
+void _fill(double &known, double value)
+{
+    if (std::isnan(known) && std::isfinite(value))
+        known = value;
+}
+
+double _real(QByteArrayView field)
+{
+    bool isNumber = false;
+    const double value = field.toDouble(&isNumber);
+    return isNumber ? value : qQNaN();
+}
+} // namespace
+
+cFixReader::cFixReader(QObject *parent)
+    : QObject(parent), m_library(std::make_unique<cNmeaLibrary>())
+{
+    connect(&m_splitter, SIGNAL(signal_Data(QByteArray)), SLOT(_slot_Sentence(QByteArray)));
+}
+
+cFixReader::~cFixReader() = default;
+
+void cFixReader::slot_Data(const QByteArray &a)
+{
+    m_splitter.slot_Data(a);
+}
+
+void cFixReader::finish()
+{
+    m_splitter.finish();
+    for (INSTANT_T &instant : m_open)
+        _close(instant);
+    m_open.clear();
+    _settle(m_guess);
+    m_offset.reset();
+    m_guess.reset();
+    m_lastTime.reset();
+    if (m_undated)
+        m_base += (*m_undated / MS_PER_DAY + 1) * MS_PER_DAY;
+    m_undated.reset();
+}
+
+void cFixReader::_slot_Sentence(const QByteArray &sentence)
+{
+    if (sentence.startsWith('P')) // proprietary; PGRMC, for instance, is no RMC
+        return;
+    const QByteArrayView name = QByteArrayView(sentence).sliced(2, 3);
+    const auto read = [&](void (cFixReader::*how)()) {
+        _split(sentence);
+        (this->*how)();
+    };
+    if (name == "RMC")
+        read(&cFixReader::_rmc);
+    else if (name == "GGA" || name == "GNS")
+        read(&cFixReader::_gga);
+    else if (name == "GLL")
+        read(&cFixReader::_gll);
+    else if (name == "VTG")
+        read(&cFixReader::_vtg);
+    else if (name == "ZDA")
+        read(&cFixReader::_zda);
+    else if (name == "GSA")
+        read(&cFixReader::_gsa);
+}
+
+// Sets m_fields to the name and the fields of a sentence; fields it does not have are empty.
+void cFixReader::_split(QByteArrayView sentence)
+{
+    m_fieldCount = 0;
+    while (m_fieldCount < FIELDS_READ) {
+        const qsizetype comma = sentence.indexOf(',');
+        m_fields.at(m_fieldCount++) = comma < 0 ? sentence : sentence.first(comma);
+        if (comma < 0)
+            break;
+        sentence = sentence.sliced(comma + 1);
+    }
+    std::fill(m_fields.begin() + qsizetype(m_fieldCount), m_fields.end(), QByteArrayView());
+}
+
+// Has the library read a sentence made of these fields. Times, dates and what marks a sentence
+// invalid are not among them but read here: the library takes a missing time and a leap second for
+// midnight and the year 99 for 2099, and it spends most of its time on them. Satellites and the
+// kind of a fix are read here because the library does not report them, HDOP because it turns it
+// into metres, and the altitude along with it.
+QGeoPositionInfo cFixReader::_ask(std::initializer_list<QByteArrayView> fields)
+{
+    QGeoPositionInfo info;
+    if (std::all_of(fields.begin() + 1, fields.end(), [](QByteArrayView f) { return f.isEmpty(); }))
+        return info;
+    m_question.resize(0);
+    for (const QByteArrayView field : fields)
+        m_question.append(m_question.isEmpty() ? '$' : ',').append(field);
+    const int sum =
+        std::accumulate(m_question.cbegin() + 1, m_question.cend(), 0, std::bit_xor<>());
+    const char *const digits = "0123456789ABCDEF";
+    m_question.append('*').append(digits[sum >> 4 & 15]).append(digits[sum & 15]);
+    bool hasFix = false;
+    m_library->parsePosInfoFromNmeaData(m_question.constData(), int(m_question.size()), &info,
+                                        &hasFix);
+    return info;
+}
+
+// The position that sentences of that name have brought; null if none has.
+QByteArray cFixReader::INSTANT_T::position(QByteArrayView name) const
+{
+    const auto it = std::find_if(positions.begin(), positions.end(),
+                                 [name](const auto &position) { return position.first == name; });
+    return it == positions.end() ? QByteArray() : it->second;
+}
+
+// The open instant of a time of day; the newest one for a sentence without a time. Null if there is
+// none.
+cFixReader::INSTANT_T *cFixReader::_find(int time)
+{
+    const auto it = std::find_if(m_open.rbegin(), m_open.rend(), [time](const INSTANT_T &instant) {
+        return time == NO_TIME || instant.time == time;
+    });
+    return it == m_open.rend() ? nullptr : &*it;
+}
+
+cFixReader::INSTANT_T &cFixReader::_open(int time)
+{
+    if (m_open.size() == MAX_OPEN) {
+        INSTANT_T oldest = m_open.takeFirst();
+        _close(oldest);
+    }
+    m_open.append(INSTANT_T());
+    m_open.last().time = time;
+    return m_open.last();
+}
+
+// Enters the position of the current sentence, which has declared it valid, and the motion if there
+// is one. The position is in four fields from index first on. Returns the instant; null if there is
+// no position after all.
+cFixReader::INSTANT_T *cFixReader::_locate(int time, size_t first, QByteArrayView speed,
+                                           QByteArrayView course)
+{
+    if (m_fieldCount < first + 4)
+        return nullptr;
+    const QByteArrayView name = _field(0);
+    const QByteArrayView text(_field(first).begin(), _field(first + 3).end());
+    const qsizetype point = _field(first).indexOf('.');
+    const qsizetype decimals = point < 0 ? 0 : _field(first).size() - point - 1;
+
+    INSTANT_T *instant = _find(time);
+    const QByteArray known = instant ? instant->position(name) : QByteArray();
+    const bool isRepeat = !known.isNull() && known != text;
+    const bool isNeeded = !instant || !instant->located || isRepeat || decimals > instant->decimals;
+
+    const auto place = [&](size_t i) { return isNeeded ? _field(first + i) : QByteArrayView(); };
+    const QGeoPositionInfo info =
+        _ask({"GPRMC", "", "", place(0), place(1), place(2), place(3), speed, course});
+    if (isNeeded && !info.coordinate().isValid())
+        return nullptr;
+    if (!instant || isRepeat) {
+        const quint32 repeat = isRepeat ? instant->fix.repeat + 1 : 0;
+        instant = &_open(time);
+        instant->fix.repeat = repeat;
+    }
+    if (instant->positions.size() < MAX_POSITIONS && (known.isNull() || isRepeat))
+        instant->positions.append({name.toByteArray(), text.toByteArray()});
+    if (isNeeded) {
+        instant->located = true;
+        instant->decimals = decimals;
+        instant->fix.lat = info.coordinate().latitude();
+        instant->fix.lon = info.coordinate().longitude();
+    }
+    _move(*instant, info);
+    return instant;
+}
+
+// Enters speed and course unless they are known.
+void cFixReader::_move(INSTANT_T &instant, const QGeoPositionInfo &info)
+{
+    if (info.hasAttribute(QGeoPositionInfo::GroundSpeed))
+        _fill(instant.fix.speed, info.attribute(QGeoPositionInfo::GroundSpeed));
+    if (info.hasAttribute(QGeoPositionInfo::Direction))
+        _fill(instant.fix.course, info.attribute(QGeoPositionInfo::Direction));
+}
+
+void cFixReader::_rmc()
+{
+    const int time = _time(_field(1));
+    const int digits = _field(9).size() > 6 ? -1 : _number(_field(9));
+    const int year = digits % 100;
+    const std::optional<qint64> day = digits < 0 ? std::nullopt
+                                                 : _day(year + (year < FIRST_YEAR ? 2000 : 1900),
+                                                        digits / 100 % 100, digits / 10000);
+
+    INSTANT_T *const instant =
+        _isValid(_field(2)) ? _locate(time, 3, _field(7), _field(8)) : nullptr;
+    if (instant && day)
+        instant->day = day;
+    _enterDay(time, day);
+}
+
+// GNS has the fields of GGA, but for letters that tell the mode of each satellite system in the
+// place of the quality. The library does not know it.
+void cFixReader::_gga()
+{
+    FIX_KIND kind = FIX_KIND::UNKNOWN;
+    const QByteArrayView quality = _field(6);
+    if (_field(0).endsWith("GNS")) {
+        if (std::all_of(quality.begin(), quality.end(), [](char c) { return c == 'N'; }))
+            return;
+        if (quality.contains('P'))
+            kind = FIX_KIND::PRECISE;
+        else if (quality.contains('D') || quality.contains('R') || quality.contains('F'))
+            kind = FIX_KIND::DIFFERENTIAL;
+    } else {
+        const int number = _number(quality);
+        if (number <= 0)
+            return;
+        if (number == 3)
+            kind = FIX_KIND::PRECISE;
+        else if (number == 2 || number == 4 || number == 5)
+            kind = FIX_KIND::DIFFERENTIAL;
+    }
+    INSTANT_T *const instant = _locate(_time(_field(1)), 2);
+    if (!instant)
+        return;
+    FIX_T &fix = instant->fix;
+    fix.kind = qMax(fix.kind, kind);
+    if (fix.satellites < 0)
+        fix.satellites = _number(_field(7));
+    _fill(fix.hdop, _real(_field(8)));
+    _fill(fix.altitude, _real(_field(9)));
+}
+
+void cFixReader::_gll()
+{
+    // The first receivers had no field for the status: they sent nothing without a fix.
+    if (m_fieldCount <= 6 || _isValid(_field(6)))
+        _locate(_time(_field(5)), 1);
+}
+
+void cFixReader::_vtg()
+{
+    if (m_open.isEmpty() || _field(9) == "N")
+        return;
+    _move(m_open.last(), _ask({"GPVTG", _field(1), "", "", "", "", "", _field(7)}));
+}
+
+void cFixReader::_zda()
+{
+    _enterDay(_time(_field(1)), _day(_number(_field(4)), _number(_field(3)), _number(_field(2))));
+}
+
+// The library reads a GSA, too, but not whether the fix has a height.
+void cFixReader::_gsa()
+{
+    if (m_open.isEmpty())
+        return;
+    FIX_T &fix = m_open.last().fix;
+    if (_field(2) == "2")
+        fix.kind = qMax(fix.kind, FIX_KIND::TWO_D);
+    else if (_field(2) == "3")
+        fix.kind = qMax(fix.kind, FIX_KIND::THREE_D);
+    _fill(fix.hdop, _real(_field(16)));
+}
+
+// Enters the date of a sentence that may have no position.
+void cFixReader::_enterDay(int time, const std::optional<qint64> &day)
+{
+    if (time == NO_TIME || !day)
+        return;
+    INSTANT_T *instant = _find(time);
+    if (!instant)
+        instant = &_open(time);
+    if (!instant->day)
+        instant->day = day;
+}
+
+// Counts a time of day on from the last one, in milliseconds since midnight of the first day.
+qint64 cFixReader::_count(int time)
+{
+    const qint64 earliest = m_lastTime ? *m_lastTime - MAX_BACKWARD : 0;
+    const std::chrono::milliseconds toGo(earliest - time);
+    m_lastTime = std::chrono::ceil<std::chrono::days>(toGo).count() * MS_PER_DAY + time;
+    return *m_lastTime;
+}
+
+// Dates the fix of an instant, if it has one, and emits it or lets it wait for its date.
+void cFixReader::_close(INSTANT_T &instant)
+{
+    FIX_T &fix = instant.fix;
+    if (instant.time == NO_TIME) {
+        fix.time = m_lastTime.value_or(0);
+        fix.repeat = m_timeless++;
+    } else {
+        fix.time = _count(instant.time);
+        fix.clock = FIX_CLOCK::TIME_OF_DAY;
+    }
+    if (instant.day) {
+        const qint64 offset = *instant.day * MS_PER_DAY + instant.time - fix.time;
+        if (instant.located) {
+            m_offset = offset;
+            _settle(offset);
+        } else {
+            m_guess = offset;
+        }
+    }
+    if (!instant.located)
+        return;
+    m_waiting.append(fix);
+    if (m_offset)
+        _settle(m_offset);
+    else if (m_waiting.size() == MAX_WAITING)
+        _settle(m_guess);
+}
+
+// Emits the waiting fixes with their dates, or without if there is no offset.
+void cFixReader::_settle(const std::optional<qint64> &offset)
+{
+    const QList<FIX_T> fixes = std::exchange(m_waiting, {});
+    for (FIX_T fix : fixes) {
+        if (!offset)
+            m_undated = qMax(m_undated.value_or(0), fix.time);
+        else if (fix.clock == FIX_CLOCK::TIME_OF_DAY)
+            fix.clock = FIX_CLOCK::FULL;
+        fix.time += offset.value_or(m_base);
+        ++m_fixes;
+        Q_EMIT signal_Data(fix);
+    }
+}

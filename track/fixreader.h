@@ -1,0 +1,118 @@
+#ifndef FIXREADER_H
+#define FIXREADER_H
+
+#include "track/fix.h"
+#include "track/sentencesplitter.h"
+
+#include <QByteArray>
+#include <QGeoCoordinate>
+#include <QGeoPositionInfo>
+#include <QList>
+#include <QObject>
+
+#include <array>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+
+class cNmeaLibrary;
+
+// Reads the fixes that a GPS receiver declares in its text: sentences RMC, GGA, GNS and GLL of any
+// talker for positions, VTG, ZDA and GSA for what these leave open.
+//
+// All sentences of one instant make one fix; where their positions differ, the one with the most
+// decimals counts, else the first. A second position under the same time from the same kind of
+// sentence is a fix of its own (FIX_T::repeat). A sentence that the receiver marks invalid (status
+// V, quality 0, no position) makes no fix.
+//
+// The date is that of an RMC or ZDA of the same instant. Without one it is carried forward from the
+// fix before, across midnight. Fixes before the first date wait for it, and get it counted back
+// from there. If none comes, the last date that the receiver sent without a position counts. If
+// there is none either, the fixes come out without a date.
+//
+// Fixes are emitted in the order of the text, which is not always that of time. The text may come
+// in chunks cut anywhere. Nothing in it is an error. Memory is bounded: at most MAX_WAITING fixes
+// wait for a date, then those are emitted without.
+class cFixReader : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr qsizetype MAX_WAITING = 100'000; // more than a day, one a second
+
+    explicit cFixReader(QObject *parent = nullptr);
+    ~cFixReader() override;
+
+    // Call this once after the last chunk: it emits the fixes that still waited. Text that follows
+    // begins anew, as from another receiver; its fixes without a date are later than those before.
+    void finish();
+
+    const cSentenceSplitter &sentences() const { return m_splitter; }
+    qint64 fixes() const { return m_fixes; } // emitted so far
+
+public Q_SLOTS:
+    // A chunk of receiver text, which need not outlive the call. May emit any number of fixes.
+    void slot_Data(const QByteArray &a);
+
+Q_SIGNALS:
+    // Valid only during the call.
+    void signal_Data(const FIX_T &fix);
+
+private Q_SLOTS:
+    void _slot_Sentence(const QByteArray &sentence);
+
+private:
+    static constexpr int NO_TIME = -1;
+    static constexpr size_t FIELDS_READ = 18;
+
+    // What the sentences of one instant have said so far.
+    struct INSTANT_T {
+        int time = NO_TIME;        // milliseconds of the day
+        std::optional<qint64> day; // since 1970-01-01
+        bool located = false;      // all below count only if this is set
+        FIX_T fix;                 // its time is not filled in yet
+        qsizetype decimals = 0;    // of its position
+        // Names of the sentences with a position, and the positions as they had them.
+        QList<std::pair<QByteArray, QByteArray>> positions;
+
+        QByteArray position(QByteArrayView name) const;
+    };
+
+    QByteArrayView _field(size_t index) const { return m_fields.at(index); }
+    void _split(QByteArrayView sentence);
+    QGeoPositionInfo _ask(std::initializer_list<QByteArrayView> fields);
+    INSTANT_T *_find(int time);
+    INSTANT_T &_open(int time);
+    INSTANT_T *_locate(int time, size_t first, QByteArrayView speed = {},
+                       QByteArrayView course = {});
+    static void _move(INSTANT_T &instant, const QGeoPositionInfo &info);
+    void _rmc();
+    void _gga();
+    void _gll();
+    void _vtg();
+    void _zda();
+    void _gsa();
+    void _enterDay(int time, const std::optional<qint64> &day);
+    qint64 _count(int time);
+    void _close(INSTANT_T &instant);
+    void _settle(const std::optional<qint64> &offset);
+
+    cSentenceSplitter m_splitter;
+    std::unique_ptr<cNmeaLibrary> m_library;
+    QByteArray m_question;                            // for the library
+    std::array<QByteArrayView, FIELDS_READ> m_fields; // of the current sentence, its name included
+    size_t m_fieldCount = 0;
+    QList<INSTANT_T> m_open; // instants that still take sentences, the newest last
+    QList<FIX_T> m_waiting;  // for a date
+    // Times are first counted from midnight of the first day of the text. These offsets lead from
+    // there to the calendar: by the last date that came with a position, and by the last other one.
+    std::optional<qint64> m_offset;
+    std::optional<qint64> m_guess;
+    std::optional<qint64> m_lastTime; // counted that way
+    std::optional<qint64> m_undated;  // the latest fix without a date, counted that way
+    qint64 m_base = 0;                // from where fixes without a date are counted
+    quint32 m_timeless = 0;           // fixes without a time
+    qint64 m_fixes = 0;
+};
+
+#endif

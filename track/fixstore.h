@@ -1,0 +1,36 @@
+#ifndef FIXSTORE_H
+#define FIXSTORE_H
+
+#include "track/fix.h"
+
+#include <QList>
+#include <QString>
+#include <QTemporaryFile>
+
+// A list of fixes of any length. A short one is kept in memory, a long one in a temporary file,
+// which disappears with the object or the process.
+class cFixStore
+{
+public:
+    // Appends fixes; does nothing if something failed before.
+    void append(const QList<FIX_T> &fixes);
+
+    qint64 size() const { return m_size; }
+    // The n fixes from index on, which must exist. The list is empty if they cannot be read.
+    QList<FIX_T> read(qint64 index, qsizetype n);
+
+    // What went wrong first; empty if all is well.
+    const QString &error() const { return m_error; }
+
+private:
+    static constexpr qint64 KEPT_IN_MEMORY = 1 << 16;
+
+    void _write(const QList<FIX_T> &fixes);
+
+    QList<FIX_T> m_fixes; // unless they are in the file
+    QTemporaryFile m_file;
+    qint64 m_size = 0;
+    QString m_error;
+};
+
+#endif

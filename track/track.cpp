@@ -1,0 +1,162 @@
+#include "track/track.h"
+
+#include <QGeoCoordinate>
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+namespace
+{
+// Fixes are sorted in blocks of so many.
+constexpr qsizetype BLOCK = 1 << 14;
+// So many fixes of each run are in memory at a time.
+constexpr qsizetype READ_AHEAD = 64;
+// Metres per second. Receivers that anybody can buy must stop at 515, and jet fighters reach 900:
+// what seems faster is a wrong position, or the end of one.
+constexpr double MAX_SPEED = 1000;
+
+auto _order(const FIX_T &fix)
+{
+    return std::tuple(fix.time, fix.clock, fix.repeat);
+}
+
+bool _isEarlier(const FIX_T &a, const FIX_T &b)
+{
+    return _order(a) < _order(b);
+}
+
+qint64 _timeOfDay(qint64 time)
+{
+    const qint64 rest = time % MS_PER_DAY;
+    return rest < 0 ? rest + MS_PER_DAY : rest;
+}
+
+// Adds what the same fix, received once more, has in addition.
+void _complete(FIX_T &fix, const FIX_T &same)
+{
+    for (double FIX_T::*value : {&FIX_T::altitude, &FIX_T::speed, &FIX_T::course, &FIX_T::hdop}) {
+        if (std::isnan(fix.*value))
+            fix.*value = same.*value;
+    }
+    if (fix.satellites < 0)
+        fix.satellites = same.satellites;
+    fix.kind = qMax(fix.kind, same.kind);
+}
+} // namespace
+
+cTrack::cTrack(QObject *parent) : QObject(parent) {}
+
+void cTrack::setLimits(const std::optional<TRACK_LIMIT_T> &from,
+                       const std::optional<TRACK_LIMIT_T> &until)
+{
+    m_from = from;
+    m_until = until;
+}
+
+bool cTrack::_isWanted(const FIX_T &fix) const
+{
+    const auto known = [&fix](const std::optional<TRACK_LIMIT_T> &limit) {
+        return !limit || fix.clock >= (limit->daily ? FIX_CLOCK::TIME_OF_DAY : FIX_CLOCK::FULL);
+    };
+    const auto time = [&fix](const TRACK_LIMIT_T &limit) {
+        return limit.daily ? _timeOfDay(fix.time) : fix.time;
+    };
+    if (!known(m_from) || !known(m_until))
+        return false;
+    const bool after = !m_from || time(*m_from) >= m_from->time;
+    const bool before = !m_until || time(*m_until) <= m_until->time;
+    const bool night =
+        m_from && m_until && m_from->daily && m_until->daily && m_from->time > m_until->time;
+    return night ? after || before : after && before;
+}
+
+void cTrack::slot_Data(const FIX_T &fix)
+{
+    if (!_isWanted(fix))
+        return;
+    m_block.append(fix);
+    if (m_block.size() == BLOCK)
+        finish();
+}
+
+void cTrack::finish()
+{
+    if (m_block.isEmpty())
+        return;
+    std::stable_sort(m_block.begin(), m_block.end(), _isEarlier);
+    if (m_runs.isEmpty() || _isEarlier(m_block.first(), m_last))
+        m_runs.append({m_store.size(), m_store.size()});
+    m_store.append(m_block);
+    m_runs.last().end = m_store.size();
+    m_last = m_block.last();
+    m_block.clear();
+}
+
+cTrackCursor::cTrackCursor(const cTrack &track) : m_track(&track)
+{
+    for (const cTrack::RUN_T &run : track.m_runs) {
+        HEAD_T head{{}, 0, run};
+        if (_refill(head))
+            m_heads.append(head);
+    }
+    std::make_heap(m_heads.begin(), m_heads.end(), _isLater);
+    _take();
+}
+
+// Of two equal fixes the one that was received first comes first.
+bool cTrackCursor::_isLater(const HEAD_T &a, const HEAD_T &b)
+{
+    return std::pair(_order(_front(a)), a.rest.end) > std::pair(_order(_front(b)), b.rest.end);
+}
+
+// Reads more fixes of a run. Returns false if there are none.
+bool cTrackCursor::_refill(HEAD_T &head) const
+{
+    const qint64 n = qMin<qint64>(READ_AHEAD, head.rest.end - head.rest.begin);
+    head.fixes = m_track->m_store.read(head.rest.begin, n);
+    head.position = 0;
+    head.rest.begin += n;
+    return !head.fixes.isEmpty();
+}
+
+// Takes the earliest fix from the runs.
+FIX_T cTrackCursor::_pop()
+{
+    std::pop_heap(m_heads.begin(), m_heads.end(), _isLater);
+    HEAD_T &head = m_heads.last();
+    const FIX_T fix = head.fixes.at(head.position++);
+    if (head.position < head.fixes.size() || _refill(head))
+        std::push_heap(m_heads.begin(), m_heads.end(), _isLater);
+    else
+        m_heads.removeLast();
+    return fix;
+}
+
+// Takes the earliest fix and all that are the same. Returns false if there are none left.
+bool cTrackCursor::_take()
+{
+    m_atEnd = m_heads.isEmpty();
+    if (m_atEnd)
+        return false;
+    m_fix = _pop();
+    while (!m_heads.isEmpty() && _order(_front(m_heads.first())) == _order(m_fix))
+        _complete(m_fix, _pop());
+    return true;
+}
+
+void cTrackCursor::next()
+{
+    const FIX_T before = m_fix;
+    if (!_take())
+        return;
+    const qint64 elapsed = m_fix.time - before.time;
+    const double seconds = elapsed > 0 ? double(elapsed) / MS_PER_SECOND : 1; // between repeats
+    m_distance =
+        QGeoCoordinate(before.lat, before.lon).distanceTo(QGeoCoordinate(m_fix.lat, m_fix.lon));
+    const bool isDated = m_fix.clock == FIX_CLOCK::FULL;
+    m_startsSegment = elapsed > m_track->m_gap || m_distance > MAX_SPEED * seconds ||
+                      isDated != (before.clock == FIX_CLOCK::FULL);
+    if (m_startsSegment)
+        m_distance = 0;
+}

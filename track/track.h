@@ -1,0 +1,110 @@
+#ifndef TRACK_H
+#define TRACK_H
+
+#include "track/fix.h"
+#include "track/fixstore.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+// One end of the wanted part of a track.
+struct TRACK_LIMIT_T {
+    qint64 time = 0;    // milliseconds since 1970-01-01T00:00:00 UTC
+    bool daily = false; // or of the day, for every day
+};
+
+// Collects fixes into a track: in order of time, no fix twice, cut into segments.
+//
+// Connect the signal of cFixReader, for one archive or for several that may overlap. Then call
+// finish(), and walk through the track with any number of cTrackCursor objects. A long track is
+// kept in a temporary file: memory hardly grows with it.
+class cTrack : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr qint64 USUAL_GAP = 30 * MS_PER_SECOND;
+
+    explicit cTrack(QObject *parent = nullptr);
+
+    // A segment ends if the next fix is more than this many milliseconds later.
+    void setGap(qint64 gap) { m_gap = gap; }
+    // From now on, fixes before from and after until are ignored. If both are daily and from is the
+    // later one, the nights are kept. A fix without a date passes daily limits only, one without a
+    // time passes none.
+    void setLimits(const std::optional<TRACK_LIMIT_T> &from,
+                   const std::optional<TRACK_LIMIT_T> &until);
+
+    // Sorts what is still unsorted. Call this once after the last fix.
+    void finish();
+
+    // Why fixes are missing from the track; empty if none are. Walking through the track may find
+    // that out, too.
+    const QString &error() const { return m_store.error(); }
+
+public Q_SLOTS:
+    // The order of the fixes does not matter.
+    void slot_Data(const FIX_T &fix);
+
+private:
+    friend class cTrackCursor;
+
+    // A part of the store that is in order.
+    struct RUN_T {
+        qint64 begin = 0;
+        qint64 end = 0;
+    };
+
+    bool _isWanted(const FIX_T &fix) const;
+
+    qint64 m_gap = USUAL_GAP;
+    std::optional<TRACK_LIMIT_T> m_from;
+    std::optional<TRACK_LIMIT_T> m_until;
+    QList<FIX_T> m_block; // unsorted
+    FIX_T m_last;         // of the last run
+    QList<RUN_T> m_runs;
+    mutable cFixStore m_store; // reading moves the position in its file
+};
+
+// Walks through a finished track, beginning at its first fix. A copy goes on from the same fix. The
+// track must outlive it.
+class cTrackCursor
+{
+public:
+    explicit cTrackCursor(const cTrack &track);
+
+    // Must be false for everything below.
+    bool atEnd() const { return m_atEnd; }
+    const FIX_T &fix() const { return m_fix; }
+    // Whether the fix is the first one of a segment: after a gap, a jump faster than anything
+    // moves, or where fixes with and without a date meet.
+    bool startsSegment() const { return m_startsSegment; }
+    // Metres from the fix before; 0 at the start of a segment.
+    double distance() const { return m_distance; }
+    void next();
+
+private:
+    struct HEAD_T {
+        QList<FIX_T> fixes; // of a run, from position on
+        qsizetype position = 0;
+        cTrack::RUN_T rest; // what comes after them
+    };
+
+    static const FIX_T &_front(const HEAD_T &head) { return head.fixes.at(head.position); }
+    static bool _isLater(const HEAD_T &a, const HEAD_T &b);
+    bool _refill(HEAD_T &head) const;
+    FIX_T _pop();
+    bool _take();
+
+    const cTrack *m_track;
+    QList<HEAD_T> m_heads; // a heap, the earliest fix first
+    FIX_T m_fix;
+    bool m_atEnd = false;
+    bool m_startsSegment = true;
+    double m_distance = 0;
+};
+
+#endif

@@ -1,0 +1,17 @@
+#ifndef TRACKCSV_H
+#define TRACKCSV_H
+
+#include "track/trackwriter.h"
+
+// Writes comma-separated values (RFC 4180): a header line, then a line for each fix, empty where
+// the receiver sent no value. There is no place for the title.
+class cTrackCsv : public cTrackWriter
+{
+    Q_OBJECT
+
+public:
+    explicit cTrackCsv(QObject *parent = nullptr) : cTrackWriter(parent) {}
+    bool write(const cTrack &track, const QString &title) override;
+};
+
+#endif

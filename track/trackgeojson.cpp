@@ -1,0 +1,99 @@
+#include "track/trackgeojson.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <cmath>
+#include <utility>
+
+namespace
+{
+constexpr double HALF_TURN = 180;
+
+// Where the shorter way between two fixes crosses the 180th meridian: the ends of the line before
+// and of the line after the cut.
+std::pair<FIX_T, FIX_T> _cut(const FIX_T &from, const FIX_T &to)
+{
+    const double before = HALF_TURN - std::fabs(from.lon);
+    const double after = HALF_TURN - std::fabs(to.lon);
+    const double part = before + after > 0 ? before / (before + after) : 0;
+    FIX_T west = from;
+    west.time += qint64(part * double(to.time - from.time));
+    west.lat += part * (to.lat - from.lat);
+    west.altitude += part * (to.altitude - from.altitude);
+    west.lon = std::copysign(HALF_TURN, from.lon);
+    FIX_T east = west;
+    east.lon = -west.lon;
+    return {west, east};
+}
+
+// Calls position(fix, startsLine) for each position of a segment, cuts included. Returns a cursor
+// at the next segment.
+template <typename F>
+cTrackCursor _walk(cTrackCursor at, F &&position)
+{
+    FIX_T before = at.fix();
+    position(before, true);
+    for (at.next(); !at.atEnd() && !at.startsSegment(); at.next()) {
+        if (std::fabs(at.fix().lon - before.lon) > HALF_TURN) {
+            const auto [end, begin] = _cut(before, at.fix());
+            position(end, false);
+            position(begin, true);
+        }
+        before = at.fix();
+        position(before, false);
+    }
+    return at;
+}
+} // namespace
+
+// QJsonDocument would hold the whole track in memory, so it writes the title only.
+bool cTrackGeoJson::write(const cTrack &track, const QString &title)
+{
+    const QByteArray name =
+        QJsonDocument(QJsonArray{title}).toJson(QJsonDocument::Compact).chopped(1).sliced(1);
+    QByteArray between = R"({"type":"FeatureCollection","features":[)";
+    for (cTrackCursor at(track); !at.atEnd();) {
+        Q_EMIT signal_Data(between + "\n{\"type\":\"Feature\",\"properties\":{\"name\":" + name);
+        _feature(at);
+        between = ",";
+    }
+    Q_EMIT signal_Data("\n]}\n");
+    return true;
+}
+
+void cTrackGeoJson::_feature(cTrackCursor &at)
+{
+    qint64 positions = 0, lines = 0;
+    const cTrackCursor next = _walk(at, [&](const FIX_T &, bool startsLine) {
+        ++positions;
+        lines += startsLine;
+    });
+    const QByteArray open = lines > 1 ? "[\n" : "\n", close = lines > 1 ? "]" : "";
+    const auto list = [&](auto &&text) {
+        QByteArray between = open;
+        _walk(at, [&](const FIX_T &fix, bool startsLine) {
+            if (startsLine && between != open)
+                between = "],[\n";
+            Q_EMIT signal_Data(between + text(fix));
+            between = ",\n";
+        });
+        Q_EMIT signal_Data(close);
+    };
+    if (at.fix().clock == FIX_CLOCK::FULL) {
+        Q_EMIT signal_Data(",\"coordTimes\":[");
+        list([](const FIX_T &fix) { return '"' + time(fix) + '"'; });
+        Q_EMIT signal_Data("]");
+    }
+    Q_EMIT signal_Data("},\"geometry\":{\"type\":\"" +
+                       QByteArray(positions == 1 ? "Point"
+                                  : lines == 1   ? "LineString"
+                                                 : "MultiLineString") +
+                       "\",\"coordinates\":" + (positions == 1 ? "" : "["));
+    list([](const FIX_T &fix) {
+        return '[' + degrees(fix.lon) + ',' + degrees(fix.lat) +
+               (std::isnan(fix.altitude) ? QByteArray() : ',' + number(fix.altitude)) + ']';
+    });
+    Q_EMIT signal_Data(positions == 1 ? "}}" : "]}}");
+    at = next;
+}

@@ -1,0 +1,23 @@
+#ifndef TRACKGEOJSON_H
+#define TRACKGEOJSON_H
+
+#include "track/trackwriter.h"
+
+// Writes GeoJSON (RFC 7946): a feature for each segment, with the times of its positions in the
+// property "coordTimes" if they have a date.
+//
+// A segment is a line, or a point if it has one fix only. It is cut into several lines at the 180th
+// meridian, with positions added on both sides of each cut.
+class cTrackGeoJson : public cTrackWriter
+{
+    Q_OBJECT
+
+public:
+    explicit cTrackGeoJson(QObject *parent = nullptr) : cTrackWriter(parent) {}
+    bool write(const cTrack &track, const QString &title) override;
+
+private:
+    void _feature(cTrackCursor &at);
+};
+
+#endif

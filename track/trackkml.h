@@ -1,0 +1,21 @@
+#ifndef TRACKKML_H
+#define TRACKKML_H
+
+#include "track/xmltrackwriter.h"
+
+// Writes KML 2.2 for Google Earth: a gx:Track for each segment, which its time slider understands;
+// a plain line for fixes without a date.
+class cTrackKml : public cXmlTrackWriter
+{
+    Q_OBJECT
+
+public:
+    explicit cTrackKml(QObject *parent = nullptr) : cXmlTrackWriter(parent) {}
+    bool write(const cTrack &track, const QString &title) override;
+
+private:
+    void _track(cTrackCursor &at);
+    void _line(cTrackCursor &at);
+};
+
+#endif
