@@ -57,9 +57,6 @@ cTrackLine &cTrackLine::begin()
 
 cTrackLine &cTrackLine::digits(int value, int count)
 {
-    constexpr int most = 4;
-    while (count < most && value >= (count == 1 ? 10 : count == 2 ? 100 : 1000))
-        ++count;
     char *const begin = _room(count);
     for (char *p = begin + count; p > begin; value /= 10)
         *--p = char('0' + value % 10);
@@ -76,21 +73,22 @@ cTrackLine &cTrackLine::number(double value, int width, int decimals)
 
 #ifdef __SIZEOF_INT128__
 // Appends the number, or returns false if it is too large. The result is never shorter than the
-// widths in use.
+// widths in use. std::to_chars would round ties to even and write -0; with Qt's formatting,
+// conversion to GPX takes three times as long.
 bool cTrackLine::_number(double value, int decimals)
 {
     __extension__ using uint128 = unsigned __int128;
     constexpr double limit = 8796093022208.0; // 2^43: with six decimals it fits in 63 bits
-    constexpr int roundsToZero = 80; // any mantissa shifted this far is zero in six decimals
+    constexpr int roundsToZero = 80; // any mantissa shifted this far rounds to 0 in six decimals
     if (!(std::fabs(value) < limit))
         return false;
 
-    // |value| is exactly mantissa / 2^shift. The result is |value| * 10^decimals, rounded to the
-    // nearest integer, ties away from zero.
+    // |value| is exactly mantissa / 2^shift, unless it is so small that it rounds to 0. The result
+    // is |value| * 10^decimals, rounded to the nearest integer, ties away from zero.
     const auto bits = std::bit_cast<quint64>(value);
     const int exponent = int(bits >> 52) & 0x7FF;
-    const quint64 mantissa = (bits & 0xFFFFFFFFFFFFF) | (exponent > 0 ? quint64(1) << 52 : 0);
-    const int shift = 1075 - qMax(exponent, 1);
+    const quint64 mantissa = (bits & 0xFFFFFFFFFFFFF) | quint64(1) << 52;
+    const int shift = 1075 - exponent;
     const quint64 scale = decimals == 6 ? 1000000 : 10;
     quint64 scaled = 0;
     if (shift < roundsToZero)
