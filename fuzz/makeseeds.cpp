@@ -50,6 +50,17 @@ QByteArray _rich()
     return w.take();
 }
 
+// Texts that control a terminal, exceed 16 bits or are long, and a point without a time.
+QByteArray _texts()
+{
+    const QByteArray text = "\xC2\x9B\x7F\xE2\x80\xAE\xE2\x80\xA8\xF3\xA0\x81\x81\xF0\x9F\x9A\x97";
+    cArchiveWriter w;
+    w.header(text.repeated(20), {{253, 4, text, text.repeated(60), "\xFF"}}, {{5, text}});
+    w.index(0, 0);
+    w.block(253, nmeaSentence("GPRMC,,A,5530.0000,N,03730.0000,E,0.0,0.0,,,"));
+    return w.take();
+}
+
 QByteArray _damaged()
 {
     cArchiveWriter w;
@@ -87,6 +98,8 @@ int main(int argc, char **argv)
     const bool done = _write(folder + "/fuzz_chain", "rich", _rich()) &&
                       _write(folder + "/fuzz_chain", "damaged", _damaged()) &&
                       _write(folder + "/fuzz_chain", "open", "\xFE" + _open()) &&
+                      _write(folder + "/fuzz_info", "rich", _rich()) &&
+                      _write(folder + "/fuzz_info", "texts", _texts()) &&
                       _write(folder + "/fuzz_nmea", "sentences", _sentences()) &&
                       _write(folder + "/fuzz_track", "sentences", _otherSentences()) &&
                       _write(folder + "/fuzz_undecorate", "escapes", R"(a\\b\x41\n\q\)") &&
