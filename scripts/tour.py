@@ -1,6 +1,6 @@
-"""tour.py PROGRAM ARCHIVE FOLDER: goes the road of a person through the windows on a virtual desktop.
+"""tour.py PROGRAM ARCHIVE FOLDER: uses the window like a person, on a virtual desktop.
 
-Opens ARCHIVE, chooses GPX, saves the track in FOLDER and puts a picture of each window beside it.
+Opens ARCHIVE, chooses GPX, saves the track in FOLDER and writes a picture of each window there.
 """
 import os
 import pathlib
@@ -8,21 +8,20 @@ import sys
 import tempfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "tests/e2e"))
-import desktop  # noqa: E402, found only now
+import desktop  # noqa: E402, needs the path above
 
 
 def tour(screen, archive, folder, home):
     track = folder / (archive.stem + ".gpx")
     track.unlink(missing_ok=True)
-    english = {"LANG": "en_US.UTF-8"}
-    with desktop.Program(screen, [f"./{archive.name}"], archive.parent, home, english) as program:
+    with desktop.Program(screen, [f"./{archive.name}"], archive.parent, home, {}) as program:
         program.keys("filler", "VrkTrk", "Down")
         screen.picture(folder / "window.png", program.find("filler", "VrkTrk"))
         program.press("push button", "OK")
         screen.picture(folder / "save.png", program.find("dialog", "Save"))
         program.fill_in("Save", track)
-    print(f"The track: {track}, {track.stat().st_size} bytes")
-    print(f"The windows: {folder / 'window.png'}, {folder / 'save.png'}")
+    print(f"Track: {track}, {track.stat().st_size} bytes")
+    print(f"Pictures: {folder / 'window.png'}, {folder / 'save.png'}")
 
 
 def main():
