@@ -83,10 +83,9 @@ void numberByQt(benchmark::State &state)
 
 void localTime(benchmark::State &state)
 {
-    cLocalClock clock;
     qint64 second = 1300881667;
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(clock.civil(++second));
+        benchmark::DoNotOptimize(localTime(++second));
 }
 
 void localTimeByQt(benchmark::State &state)

@@ -29,8 +29,7 @@ qint64 uselessBytes(const ACCOUNT_T &account)
 
 QString pointTime(const nmea_data &n)
 {
-    cLocalClock clock;
-    const cLocalClock::CIVIL *const t = clock.civil(nearestSecond(n));
+    const std::optional<CIVIL_T> t = localTime(nearestSecond(n));
     if (!t)
         return {};
     return QString::asprintf("%04d-%02d-%02dT%02d:%02d:%02dZ", t->year, t->month, t->day, t->hour,

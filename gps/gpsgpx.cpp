@@ -41,23 +41,26 @@ void cGpsGpx::_slot_Nmea(const nmea_data &n)
     m_line.begin().text("\t\t<trkpt lat=\"").number(n.lat, 5, 6);
     m_line.text("\" lon=\"").number(n.lon, 5, 6);
     m_line.text("\"><ele>").number(n.alt, 5, 6).text("</ele><time>");
-    _dateTime(n);
-    m_line.text("</time></trkpt>\r\n");
+    m_line.text(_dateTime(n)).text("</time></trkpt>\r\n");
     Q_EMIT signal_Data(m_line.bytes());
 }
 
-// Writes local time, which has the digits of the receiver's UTC: the date of a fix is local
+// Returns local time, which has the digits of the receiver's UTC: the date of a fix is local
 // midnight.
-void cGpsGpx::_dateTime(const nmea_data &n)
+const QByteArray &cGpsGpx::_dateTime(const nmea_data &n)
 {
     const qint64 second = nearestSecond(n);
-    const cLocalClock::CIVIL *const c = m_clock.civil(second);
-    if (!c) {
-        m_line.text(
-            QDateTime::fromSecsSinceEpoch(second).toString(u"yyyy-MM-ddThh:mm:ssZ"_s).toLatin1());
-        return;
+    if (second == m_second)
+        return m_time.bytes();
+    m_second = second;
+    m_time.begin();
+    if (const std::optional<CIVIL_T> c = localTime(second)) {
+        m_time.digits(c->year, 4).text("-").digits(c->month, 2).text("-").digits(c->day, 2);
+        m_time.text("T").digits(c->hour, 2).text(":").digits(c->minute, 2).text(":");
+        m_time.digits(c->second, 2).text("Z");
+    } else {
+        const QDateTime when = QDateTime::fromSecsSinceEpoch(second);
+        m_time.text(when.toString(u"yyyy-MM-ddThh:mm:ssZ"_s).toLatin1());
     }
-    m_line.digits(c->year, 4).text("-").digits(c->month, 2).text("-").digits(c->day, 2).text("T");
-    m_line.digits(c->hour, 2).text(":").digits(c->minute, 2).text(":").digits(c->second, 2);
-    m_line.text("Z");
+    return m_time.bytes();
 }

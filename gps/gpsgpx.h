@@ -23,10 +23,12 @@ public:
 
 private:
     void _slot_Nmea(const nmea_data &n) override;
-    void _dateTime(const nmea_data &n);
+    const QByteArray &_dateTime(const nmea_data &n);
 
     bool m_first = true; // no chunk has arrived yet
-    cLocalClock m_clock;
+    // The text of the last time, because receivers send several sentences for each second.
+    std::optional<qint64> m_second;
+    cTrackLine m_time;
 };
 
 #endif

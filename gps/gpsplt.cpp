@@ -12,6 +12,8 @@ constexpr char HEADER[] = "OziExplorer Track Point File Version 2.0\r\n"
                           "Altitude is in Feet\r\n"
                           "Reserved 3\r\n"
                           "0,2,255,";
+constexpr double DAY_SECONDS = 86400;
+constexpr double DAYS_TO_1970 = 25569; // from 30 December 1899
 } // namespace
 
 cGpsPlt::cGpsPlt(QObject *parent) : cTrackWriter(parent) {}
@@ -26,8 +28,10 @@ cGpsPlt::~cGpsPlt()
     for (const nmea_data &n : std::as_const(m_track)) {
         m_line.begin().number(n.lat, 6, 6).text(",").number(n.lon, 6, 6).text(",0,");
         m_line.number(n.alt * FEET_PER_METRE, 6, 6).text(",");
-        _dateTime(n);
-        m_line.text("\r\n");
+        // The day number counts from UTC, and the date of a fix from local midnight, so it is off
+        // by the zone's offset.
+        m_line.number((n.date + n.time) / DAY_SECONDS + DAYS_TO_1970, 7, 6).text(",");
+        m_line.text(_dateTime(n)).text("\r\n");
         Q_EMIT signal_Data(m_line.bytes());
     }
 }
@@ -37,29 +41,24 @@ void cGpsPlt::_slot_Nmea(const nmea_data &n)
     m_track.append(n);
 }
 
-// Writes three fields: the day number, the date and the time. The date of a fix is local midnight.
-// Its local time therefore has the digits of the receiver's UTC, but the day number, which counts
-// from UTC, is off by the zone's offset.
-void cGpsPlt::_dateTime(const nmea_data &n)
+// Returns the fields of the date and the time. The date of a fix is local midnight, so its local
+// time has the digits of the receiver's UTC.
+const QByteArray &cGpsPlt::_dateTime(const nmea_data &n)
 {
-    constexpr double daySeconds = 86400;
-    constexpr double daysTo1970 = 25569; // from 30 December 1899
-    m_line.number((n.date + n.time) / daySeconds + daysTo1970, 7, 6).text(",");
-
     const qint64 second = nearestSecond(n);
-    const cLocalClock::CIVIL *const c = m_clock.civil(second);
-    if (!c) {
-        const QDateTime when = QDateTime::fromSecsSinceEpoch(second);
-        if (when.isValid()) {
-            m_line.text(when.toString(u"dd-"_s).toLatin1());
-            m_line.text(_month(when.date().month()));
-            m_line.text(when.toString(u"-yy,hh:mm:ss"_s).toLatin1());
-        }
-        return;
+    if (second == m_second)
+        return m_time.bytes();
+    m_second = second;
+    m_time.begin();
+    if (const std::optional<CIVIL_T> c = localTime(second)) {
+        m_time.digits(c->day, 2).text("-").text(_month(c->month)).text("-");
+        m_time.digits(c->year % 100, 2).text(",").digits(c->hour, 2).text(":");
+        m_time.digits(c->minute, 2).text(":").digits(c->second, 2);
+    } else if (const QDateTime when = QDateTime::fromSecsSinceEpoch(second); when.isValid()) {
+        m_time.text(when.toString(u"dd-"_s).toLatin1()).text(_month(when.date().month()));
+        m_time.text(when.toString(u"-yy,hh:mm:ss"_s).toLatin1());
     }
-    m_line.digits(c->day, 2).text("-").text(_month(c->month)).text("-");
-    m_line.digits(c->year % 100, 2).text(",");
-    m_line.digits(c->hour, 2).text(":").digits(c->minute, 2).text(":").digits(c->second, 2);
+    return m_time.bytes();
 }
 
 // Returns the short name of a month (1 to 12) in the system's language.

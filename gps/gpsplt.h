@@ -27,11 +27,13 @@ public:
 
 private:
     void _slot_Nmea(const nmea_data &n) override;
-    void _dateTime(const nmea_data &n);
+    const QByteArray &_dateTime(const nmea_data &n);
     QByteArray _month(int month);
 
     QList<nmea_data> m_track;
-    cLocalClock m_clock;
+    // The text of the last time, because receivers send several sentences for each second.
+    std::optional<qint64> m_second;
+    cTrackLine m_time;
     int m_monthNumber = 0; // the month whose name is m_monthName
     QByteArray m_monthName;
 };

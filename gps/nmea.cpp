@@ -295,7 +295,7 @@ double cNmea::_getDegreese(QByteArrayView field)
     return (deg * 60 + min) / 60;
 }
 
-// Converts ddmmyy, a date in this century, to the seconds since 1970 at local midnight.
+// Converts ddmmyy, a date from 2000 to 2099, to the seconds since 1970 at local midnight.
 double cNmea::_getDate(QByteArrayView field)
 {
     const QByteArrayView dayAndMonth = _mid(field, 0, 4);

@@ -27,21 +27,17 @@ qint64 nearestSecond(const nmea_data &n)
     return qint64(sum);
 }
 
-const cLocalClock::CIVIL *cLocalClock::civil(qint64 second)
+std::optional<CIVIL_T> localTime(qint64 second)
 {
     constexpr qint64 firstSecond = -62135510400; // a day or more within the years 1 to 9999
     constexpr qint64 lastSecond = 253402214400;
     const auto at = time_t(second);
     if (second < firstSecond || second > lastSecond || at != second)
-        return nullptr;
-    if (second != m_second) {
-        tm local{};
-        localtime_r(&at, &local);
-        m_civil = {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+        return {};
+    tm local{};
+    localtime_r(&at, &local);
+    return CIVIL_T{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
                    local.tm_hour,        local.tm_min,     local.tm_sec};
-        m_second = second;
-    }
-    return &m_civil;
 }
 
 cTrackLine &cTrackLine::begin()
@@ -66,22 +62,22 @@ cTrackLine &cTrackLine::digits(int value, int count)
 
 cTrackLine &cTrackLine::number(double value, int width, int decimals)
 {
-    if (!_number(value, decimals))
-        text(u"%0"_s.arg(value, width, 'f', decimals).toLatin1());
-    return *this;
+#ifdef __SIZEOF_INT128__
+    constexpr double limit = 8796093022208.0; // 2^43: with six decimals it fits in 63 bits
+    if (std::fabs(value) < limit)
+        return _number(value, decimals); // never shorter than the widths in use
+#endif
+    // Slower, for large numbers and for machines without 128-bit integers.
+    return text(u"%0"_s.arg(value, width, 'f', decimals).toLatin1());
 }
 
 #ifdef __SIZEOF_INT128__
-// Appends the number, or returns false if it is too large. The result is never shorter than the
-// widths in use. std::to_chars would round ties to even and write -0; with Qt's formatting,
-// conversion to GPX takes three times as long.
-bool cTrackLine::_number(double value, int decimals)
+// std::to_chars would round ties to even and write -0; with Qt's formatting, conversion to GPX
+// takes three times as long.
+cTrackLine &cTrackLine::_number(double value, int decimals)
 {
     __extension__ using uint128 = unsigned __int128;
-    constexpr double limit = 8796093022208.0; // 2^43: with six decimals it fits in 63 bits
     constexpr int roundsToZero = 80; // any mantissa shifted this far rounds to 0 in six decimals
-    if (!(std::fabs(value) < limit))
-        return false;
 
     // |value| is exactly mantissa / 2^shift, unless it is so small that it rounds to 0. The result
     // is |value| * 10^decimals, rounded to the nearest integer, ties away from zero.
@@ -106,12 +102,7 @@ bool cTrackLine::_number(double value, int decimals)
         p[i] = char('0' + fraction % 10);
     p += decimals;
     m_length += p - begin;
-    return true;
-}
-#else
-bool cTrackLine::_number(double /*value*/, int /*decimals*/)
-{
-    return false; // slower, but the same digits
+    return *this;
 }
 #endif
 

@@ -7,7 +7,7 @@
 #include <QByteArrayView>
 
 #include <cstring>
-#include <limits>
+#include <optional>
 
 // Numbers and times for the track writers, with the same digits as Qt's, but faster.
 
@@ -15,28 +15,18 @@
 // beyond the range of qint64 become its minimum or maximum; not-a-number becomes 0.
 qint64 nearestSecond(const nmea_data &n);
 
-// Converts seconds since 1970 to local time. The last result is kept, because receivers send
-// several sentences for each second. With QDateTime, conversion to GPX takes nearly twice as long.
-class cLocalClock
-{
-public:
-    struct CIVIL {
-        int year = 0; // 1 to 9999
-        int month = 0;
-        int day = 0;
-        int hour = 0;
-        int minute = 0;
-        int second = 0;
-    };
-
-    // Returns the local date and time, or null if the year does not have one to four digits. Valid
-    // until the next call.
-    const CIVIL *civil(qint64 second);
-
-private:
-    qint64 m_second = std::numeric_limits<qint64>::min(); // m_civil is the time of this second
-    CIVIL m_civil;
+struct CIVIL_T {
+    int year = 0; // 1 to 9999
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
 };
+
+// Converts seconds since 1970 to local time. Empty if the year does not have one to four digits.
+// With QDateTime, conversion to GPX takes nearly twice as long.
+std::optional<CIVIL_T> localTime(qint64 second);
 
 // Builds a line of output. The memory is reused for the next line.
 class cTrackLine
@@ -71,7 +61,7 @@ private:
         return m_begin + m_length;
     }
     void _grow(qsizetype n);
-    bool _number(double value, int decimals);
+    cTrackLine &_number(double value, int decimals);
 
     QByteArray m_bytes;
     // m_bytes.data() and m_bytes.size(), without data()'s check for shared memory.
