@@ -9,7 +9,7 @@
 struct ARCHIVE_T {
     QString name;        // "-" is standard input
     QString subfolder{}; // where it was found, relative to the folder on the command line; or empty
-    QString failure{};   // why it cannot be processed, for a folder without archives; else empty
+    QString failure{};   // why it cannot be processed; empty if it can
 };
 
 // Replaces each folder in the arguments by the files in it whose names end in .vrk3 in any case,

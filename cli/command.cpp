@@ -77,7 +77,9 @@ int cCommand::run(const QStringList &arguments)
 
     {
         cProgress progress(m_archives.size(), !m_quiet);
-        if (m_jobs > 1 && m_archives.size() > 1)
+        if (joinsArchives())
+            _runJoined(progress);
+        else if (m_jobs > 1 && m_archives.size() > 1)
             _runParallel(progress);
         else
             for (qsizetype i = 0; i < m_archives.size() && !isInterrupted(); ++i)
@@ -109,7 +111,9 @@ QString cCommand::_readCommonOptions(const QCommandLineParser &parser)
         return u"standard input can be read only once"_s;
     m_quiet = parser.isSet(QUIET);
     m_archives = findArchives(arguments, parser.isSet(RECURSIVE));
-    for (const ARCHIVE_T &archive : std::as_const(m_archives)) {
+    for (ARCHIVE_T &archive : m_archives) {
+        if (!archive.name.isValidUtf16())
+            archive.failure = u"its name is not valid UTF-8"_s;
         struct stat status = {};
         if (fileStatus(archive.name, STDIN_FILENO, status) && S_ISREG(status.st_mode))
             m_inputs.insert(fileId(status));
@@ -163,12 +167,30 @@ void cCommand::_runParallel(cProgress &progress)
     pool.clear();
 }
 
+void cCommand::_runJoined(cProgress &progress)
+{
+    QList<ARCHIVE_T> failed;
+    RESULT_T result;
+    try {
+        result = processAll(progress, failed);
+    } catch (const std::bad_alloc &) {
+        result.failure = u"out of memory"_s;
+    }
+    progress.clear();
+    for (const ARCHIVE_T &archive : std::as_const(failed))
+        _fail(displayName(archive.name, u"standard input"_s), archive.failure);
+    _conclude({counted(m_archives.size() - failed.size(), "archive")}, result);
+}
+
+RESULT_T cCommand::processAll(cProgress &, QList<ARCHIVE_T> &) const
+{
+    return {};
+}
+
 RESULT_T cCommand::_process(const ARCHIVE_T &archive, cProgress &progress) const
 {
     if (!archive.failure.isEmpty())
         return {archive.failure};
-    if (!archive.name.isValidUtf16())
-        return {u"its name is not valid UTF-8"_s};
     try {
         RESULT_T result = process(archive, progress);
         for (const auto &file : result.files)

@@ -50,6 +50,12 @@ protected:
     // Processes one archive. It is const because it may run on several threads at once: everything
     // that the options decide is fixed by then. It must not print.
     virtual RESULT_T process(const ARCHIVE_T &archive, cProgress &progress) const = 0;
+    // Whether the options ask for one result of all archives. Then processAll() is called instead
+    // of process().
+    virtual bool joinsArchives() const { return false; }
+    // Processes all archives, and appends to failed those that have no part in the result, with
+    // their failures.
+    virtual RESULT_T processAll(cProgress &progress, QList<ARCHIVE_T> &failed) const;
     // What standard output needs before the output of an archive, and after that of the last one.
     virtual QByteArray before(bool isFirst) const;
     virtual QByteArray after(bool isEmpty) const;
@@ -65,6 +71,7 @@ private:
     void _showHelp(const QCommandLineParser &parser) const;
     void _runOne(qsizetype index, cProgress &progress);
     void _runParallel(cProgress &progress);
+    void _runJoined(cProgress &progress);
     RESULT_T _process(const ARCHIVE_T &archive, cProgress &progress) const;
     void _conclude(const ARCHIVE_T &archive, RESULT_T result);
     QString _commit(const RESULT_T &result);

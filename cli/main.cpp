@@ -5,6 +5,7 @@
 #include "cli/messages.h"
 #include "cli/plot.h"
 #include "cli/startup.h"
+#include "cli/track.h"
 
 #include <QCoreApplication>
 
@@ -81,10 +82,11 @@ int _unknownCommand(const commands &all, const QString &word)
 
 int _run(const QStringList &arguments)
 {
+    cTrackCommand track;
     cConvert convert;
     cInfo info;
     cPlot plot;
-    const commands all = {&convert, &info, &plot}; // the first is suggested for an archive
+    const commands all = {&track, &convert, &info, &plot}; // the first is suggested for an archive
 
     const QString first = arguments.value(1);
     if (first.isEmpty()) {

@@ -3,6 +3,8 @@
 #include "cli/messages.h"
 #include "gps/tracktext.h"
 
+#include <QDateTime>
+
 using namespace Qt::StringLiterals;
 
 QString whyNoArchive(const ACCOUNT_T &account)
@@ -62,4 +64,25 @@ QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCO
     const QString span = stats.located() > 0 ? timeSpan(stats) + u", "_s : QString();
     return u"%1, %2%3 skipped -> %4"_s.arg(amount, span, counted(uselessBytes(account), "byte"),
                                            displayName(output, u"standard output"_s));
+}
+
+QString countedFixes(qint64 count)
+{
+    return count == 1 ? u"1 fix"_s : u"%1 fixes"_s.arg(count);
+}
+
+QString trackSummary(const TRACK_SUMMARY_T &track, const QString &output)
+{
+    QString span = u"no date"_s;
+    if (track.first && track.last) {
+        const QDateTime first = QDateTime::fromMSecsSinceEpoch(*track.first, Qt::UTC);
+        const QDateTime last = QDateTime::fromMSecsSinceEpoch(*track.last, Qt::UTC);
+        const QString whole = u"yyyy-MM-dd hh:mm:ss"_s;
+        const bool sameDay = first.date() == last.date();
+        span = u"%1 to %2 UTC"_s.arg(first.toString(whole),
+                                     last.toString(sameDay ? u"hh:mm:ss"_s : whole));
+    }
+    return u"%1 in %2, %3, %4 km -> %5"_s.arg(
+        countedFixes(track.fixes), counted(track.segments, "segment"), span,
+        QString::number(track.metres / 1000, 'f', 2), displayName(output, u"standard output"_s));
 }

@@ -3,6 +3,7 @@
 
 #include "archive/vrk3parser.h"
 #include "cli/trackstats.h"
+#include "track/tracksummary.h"
 
 #include <QString>
 
@@ -29,5 +30,12 @@ QString timeSpan(const cTrackStats &stats, bool withDate = false);
 // part and output the name of the file or "-". The bytes skipped are uselessBytes().
 QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCOUNT_T &account,
                      const QString &output);
+
+// "1 fix", "2 fixes".
+QString countedFixes(qint64 count);
+
+// "1302 fixes in 3 segments, 2011-03-23 12:01:07 to 12:12:06 UTC, 9.48 km -> a.gpx" for a track
+// with at least one fix, where output is the name of the file or "-".
+QString trackSummary(const TRACK_SUMMARY_T &track, const QString &output);
 
 #endif

@@ -32,7 +32,8 @@ void cTargets::addOptions(QCommandLineParser &parser)
     parser.addOption({SKIP, u"Skip archives whose output exists."_s});
 }
 
-QString cTargets::read(const QCommandLineParser &parser, const QList<ARCHIVE_T> &archives)
+QString cTargets::read(const QCommandLineParser &parser, const QList<ARCHIVE_T> &archives,
+                       bool isJoined)
 {
     m_file = parser.value(OUTPUT);
     m_folder = parser.value(FOLDER);
@@ -47,7 +48,9 @@ QString cTargets::read(const QCommandLineParser &parser, const QList<ARCHIVE_T> 
         return u"-o needs the name of a file"_s;
     if (parser.isSet(FOLDER) && m_folder.isEmpty())
         return u"-d needs the name of a folder"_s;
-    if (parser.isSet(OUTPUT) && archives.size() > 1)
+    if (isJoined && !parser.isSet(OUTPUT))
+        return u"--join needs -o"_s;
+    if (parser.isSet(OUTPUT) && archives.size() > 1 && !isJoined)
         return u"-o works with a single archive; use -d for several"_s;
     if (parser.isSet(FOLDER) && std::any_of(archives.begin(), archives.end(), _isStandardInput))
         return u"-d cannot name the output of standard input; use -o"_s;

@@ -15,8 +15,10 @@ class cTargets
 public:
     static void addOptions(QCommandLineParser &parser);
 
-    // Reads the options for these archives. Returns an error message, empty on success.
-    QString read(const QCommandLineParser &parser, const QList<ARCHIVE_T> &archives);
+    // Reads the options for these archives, which have one output if isJoined is set. Returns an
+    // error message, empty on success.
+    QString read(const QCommandLineParser &parser, const QList<ARCHIVE_T> &archives,
+                 bool isJoined = false);
 
     // Opens the output for an archive, in a subfolder that is created if -d reproduces a tree. The
     // extension, with its dot, is used unless -o names the file. Never null. If the output is not

@@ -42,10 +42,10 @@ bool _isSame(const FIX_T &a, const FIX_T &b)
            a.kind == b.kind;
 }
 
-QByteArray _write(cTrackWriter &&writer, const cTrack &track, const QString &title)
+QByteArray _write(cFixWriter &&writer, const cTrack &track, const QString &title)
 {
     QByteArray file;
-    QObject::connect(&writer, &cTrackWriter::signal_Data, [&](const QByteArray &a) { file += a; });
+    QObject::connect(&writer, &cFixWriter::signal_Data, [&](const QByteArray &a) { file += a; });
     require(writer.write(track, title), "the writer succeeds");
     return file;
 }

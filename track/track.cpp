@@ -16,9 +16,24 @@ constexpr qsizetype READ_AHEAD = 64;
 // what seems faster is a wrong position, or the end of one.
 constexpr double MAX_SPEED = 1000;
 
+// Metres. Two fixes of one instant are the same if they are closer than this: archives that overlap
+// may lack different sentences of it. If they are not, the receiver's clock was set back.
+constexpr double SAME_PLACE = 10;
+
 auto _order(const FIX_T &fix)
 {
-    return std::tuple(fix.time, fix.clock, fix.repeat);
+    return std::tuple(fix.time, fix.clock, fix.repeat, fix.lat, fix.lon);
+}
+
+double _distance(const FIX_T &a, const FIX_T &b)
+{
+    return QGeoCoordinate(a.lat, a.lon).distanceTo(QGeoCoordinate(b.lat, b.lon));
+}
+
+bool _isSame(const FIX_T &a, const FIX_T &b)
+{
+    return a.time == b.time && a.clock == b.clock && a.repeat == b.repeat &&
+           _distance(a, b) < SAME_PLACE;
 }
 
 bool _isEarlier(const FIX_T &a, const FIX_T &b)
@@ -140,7 +155,7 @@ bool cTrackCursor::_take()
     if (m_atEnd)
         return false;
     m_fix = _pop();
-    while (!m_heads.isEmpty() && _order(_front(m_heads.first())) == _order(m_fix))
+    while (!m_heads.isEmpty() && _isSame(_front(m_heads.first()), m_fix))
         _complete(m_fix, _pop());
     return true;
 }
@@ -152,8 +167,7 @@ void cTrackCursor::next()
         return;
     const qint64 elapsed = m_fix.time - before.time;
     const double seconds = elapsed > 0 ? double(elapsed) / MS_PER_SECOND : 1; // between repeats
-    m_distance =
-        QGeoCoordinate(before.lat, before.lon).distanceTo(QGeoCoordinate(m_fix.lat, m_fix.lon));
+    m_distance = _distance(before, m_fix);
     const bool isDated = m_fix.clock == FIX_CLOCK::FULL;
     m_startsSegment = elapsed > m_track->m_gap || m_distance > MAX_SPEED * seconds ||
                       isDated != (before.clock == FIX_CLOCK::FULL);

@@ -1,16 +1,16 @@
 #ifndef TRACKCSV_H
 #define TRACKCSV_H
 
-#include "track/trackwriter.h"
+#include "track/fixwriter.h"
 
 // Writes comma-separated values (RFC 4180): a header line, then a line for each fix, empty where
 // the receiver sent no value. There is no place for the title.
-class cTrackCsv : public cTrackWriter
+class cTrackCsv : public cFixWriter
 {
     Q_OBJECT
 
 public:
-    explicit cTrackCsv(QObject *parent = nullptr) : cTrackWriter(parent) {}
+    explicit cTrackCsv(QObject *parent = nullptr) : cFixWriter(parent) {}
     bool write(const cTrack &track, const QString &title) override;
 };
 

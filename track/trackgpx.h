@@ -1,15 +1,15 @@
 #ifndef TRACKGPX_H
 #define TRACKGPX_H
 
-#include "track/xmltrackwriter.h"
+#include "track/xmlfixwriter.h"
 
 // Writes GPX 1.1, with speed and course in Garmin's TrackPointExtension, version 2.
-class cTrackGpx : public cXmlTrackWriter
+class cTrackGpx : public cXmlFixWriter
 {
     Q_OBJECT
 
 public:
-    explicit cTrackGpx(QObject *parent = nullptr) : cXmlTrackWriter(parent) {}
+    explicit cTrackGpx(QObject *parent = nullptr) : cXmlFixWriter(parent) {}
     bool write(const cTrack &track, const QString &title) override;
 
 private:

@@ -1,16 +1,16 @@
 #ifndef TRACKKML_H
 #define TRACKKML_H
 
-#include "track/xmltrackwriter.h"
+#include "track/xmlfixwriter.h"
 
 // Writes KML 2.2 for Google Earth: a gx:Track for each segment, which its time slider understands;
 // a plain line for fixes without a date.
-class cTrackKml : public cXmlTrackWriter
+class cTrackKml : public cXmlFixWriter
 {
     Q_OBJECT
 
 public:
-    explicit cTrackKml(QObject *parent = nullptr) : cXmlTrackWriter(parent) {}
+    explicit cTrackKml(QObject *parent = nullptr) : cXmlFixWriter(parent) {}
     bool write(const cTrack &track, const QString &title) override;
 
 private:

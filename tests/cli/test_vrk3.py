@@ -14,7 +14,7 @@ import time
 import jsonschema
 from support import (Case, ENVIRONMENT, GOOD, LONG, SOURCE, TRACED, archive, everything, gprmc, unittest)
 
-COMMANDS = ("convert", "info", "plot")
+COMMANDS = ("track", "convert", "info", "plot")
 NOBODY = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]
 
 

@@ -1,4 +1,4 @@
-#include "track/trackwriter.h"
+#include "track/fixwriter.h"
 
 #include <array>
 #include <charconv>
@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-QByteArray cTrackWriter::number(double value, int decimals)
+QByteArray cFixWriter::number(double value, int decimals)
 {
     // The largest number has so many digits before its point.
     std::array<char, std::numeric_limits<double>::max_exponent10 + 16> text{};
@@ -24,7 +24,7 @@ QByteArray cTrackWriter::number(double value, int decimals)
 }
 
 // QDateTime's own text takes several times as long as all the rest of a fix.
-QByteArray cTrackWriter::time(const FIX_T &fix)
+QByteArray cFixWriter::time(const FIX_T &fix)
 {
     using namespace std::chrono;
     const sys_time<milliseconds> instant{milliseconds(fix.time)};
@@ -50,7 +50,7 @@ QByteArray cTrackWriter::time(const FIX_T &fix)
     return text += 'Z';
 }
 
-QByteArray cTrackWriter::kind(const FIX_T &fix)
+QByteArray cFixWriter::kind(const FIX_T &fix)
 {
     switch (fix.kind) {
     case FIX_KIND::TWO_D:

@@ -1,17 +1,17 @@
-#ifndef XMLTRACKWRITER_H
-#define XMLTRACKWRITER_H
+#ifndef XMLFIXWRITER_H
+#define XMLFIXWRITER_H
 
-#include "track/trackwriter.h"
+#include "track/fixwriter.h"
 
 #include <QXmlStreamWriter>
 
 // The base of the writers of XML: an XML writer whose output is sent piece by piece.
-class cXmlTrackWriter : public cTrackWriter
+class cXmlFixWriter : public cFixWriter
 {
     Q_OBJECT
 
 protected:
-    explicit cXmlTrackWriter(QObject *parent);
+    explicit cXmlFixWriter(QObject *parent);
 
     QXmlStreamWriter &xml() { return m_xml; }
     // The first and the last step: the root element with its namespace, and all end tags. end()

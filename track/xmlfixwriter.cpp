@@ -1,10 +1,10 @@
-#include "track/xmltrackwriter.h"
+#include "track/xmlfixwriter.h"
 
 using namespace Qt::StringLiterals;
 
-cXmlTrackWriter::cXmlTrackWriter(QObject *parent) : cTrackWriter(parent), m_xml(&m_text) {}
+cXmlFixWriter::cXmlFixWriter(QObject *parent) : cFixWriter(parent), m_xml(&m_text) {}
 
-void cXmlTrackWriter::start(const QString &root, const QString &space)
+void cXmlFixWriter::start(const QString &root, const QString &space)
 {
     // Writing to a string, the XML writer leaves out the encoding.
     m_text = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"_s;
@@ -12,26 +12,26 @@ void cXmlTrackWriter::start(const QString &root, const QString &space)
     m_xml.writeDefaultNamespace(space);
 }
 
-bool cXmlTrackWriter::end()
+bool cXmlFixWriter::end()
 {
     m_xml.writeEndDocument();
     send();
     return !m_xml.hasError();
 }
 
-void cXmlTrackWriter::element(const QString &name, const QByteArray &text)
+void cXmlFixWriter::element(const QString &name, const QByteArray &text)
 {
     m_value.resize(0);
     m_xml.writeTextElement(name, m_value.append(QLatin1StringView(text)));
 }
 
-void cXmlTrackWriter::attribute(const QString &name, const QByteArray &text)
+void cXmlFixWriter::attribute(const QString &name, const QByteArray &text)
 {
     m_value.resize(0);
     m_xml.writeAttribute(name, m_value.append(QLatin1StringView(text)));
 }
 
-void cXmlTrackWriter::name(const QString &title)
+void cXmlFixWriter::name(const QString &title)
 {
     QList<uint> codePoints = title.toUcs4(); // which replaces halves of surrogate pairs
     for (uint &c : codePoints) {
@@ -43,7 +43,7 @@ void cXmlTrackWriter::name(const QString &title)
     m_xml.writeTextElement(u"name"_s, QString::fromUcs4(text, codePoints.size()));
 }
 
-void cXmlTrackWriter::send()
+void cXmlFixWriter::send()
 {
     Q_EMIT signal_Data(m_text.toUtf8());
     m_text.resize(0);

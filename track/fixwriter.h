@@ -1,5 +1,5 @@
-#ifndef TRACKWRITER_H
-#define TRACKWRITER_H
+#ifndef FIXWRITER_H
+#define FIXWRITER_H
 
 #include "track/track.h"
 
@@ -7,11 +7,11 @@
 #include <QObject>
 #include <QString>
 
-// The base of the writers of tracks, one for each format.
+// The base of the writers of fixes, one for each format.
 //
 // Numbers have a point in every locale and no superfluous decimals; times are UTC. Memory does not
 // grow with the track.
-class cTrackWriter : public QObject
+class cFixWriter : public QObject
 {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ Q_SIGNALS:
     void signal_Data(const QByteArray &a);
 
 protected:
-    explicit cTrackWriter(QObject *parent) : QObject(parent) {}
+    explicit cFixWriter(QObject *parent) : QObject(parent) {}
 
     // Degrees to a tenth of a millimetre on the ground.
     static QByteArray degrees(double value) { return number(value, 9); }

@@ -1,0 +1,209 @@
+#include "cli/track.h"
+
+#include "cli/interrupt.h"
+#include "cli/summary.h"
+#include "cli/tracksource.h"
+#include "track/trackcsv.h"
+#include "track/trackgeojson.h"
+#include "track/trackgpx.h"
+#include "track/trackkml.h"
+#include "track/tracksummary.h"
+
+#include <QDateTime>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+// A format on the command line.
+struct TRACK_FORMAT_T {
+    const char *name;
+    const char *extension;
+    std::unique_ptr<cFixWriter> (*writer)();
+};
+
+namespace
+{
+const QString TO = u"to"_s;
+const QString JOIN = u"join"_s;
+const QString FROM = u"from"_s;
+const QString UNTIL = u"until"_s;
+const QString GAP = u"gap"_s;
+
+template <typename T>
+std::unique_ptr<cFixWriter> _make()
+{
+    return std::make_unique<T>();
+}
+
+constexpr std::array<TRACK_FORMAT_T, 4> FORMATS = {{{"gpx", ".gpx", _make<cTrackGpx>},
+                                                    {"kml", ".kml", _make<cTrackKml>},
+                                                    {"geojson", ".geojson", _make<cTrackGeoJson>},
+                                                    {"csv", ".csv", _make<cTrackCsv>}}};
+constexpr const TRACK_FORMAT_T &GPX = FORMATS[0];
+constexpr double MAX_GAP = 1e12; // seconds
+
+// Finds the format with this name or extension, in any case; null if there is none.
+const TRACK_FORMAT_T *_find(const char *TRACK_FORMAT_T::*key, const QString &value)
+{
+    const auto *const it =
+        std::find_if(FORMATS.begin(), FORMATS.end(), [&](const TRACK_FORMAT_T &format) {
+            return value.compare(QLatin1String(format.*key), Qt::CaseInsensitive) == 0;
+        });
+    return it == FORMATS.end() ? nullptr : it;
+}
+
+const TRACK_FORMAT_T *_findByExtension(const QString &extension)
+{
+    if (extension.isEmpty())
+        return &GPX;
+    return _find(&TRACK_FORMAT_T::extension, extension == ".json"_L1 ? u".geojson"_s : extension);
+}
+
+// Reads an ISO 8601 time, UTC unless it has a zone; none if it is not one. A time without a date is
+// a daily one. A date without a time is the first millisecond of the day, or the last if isEnd is
+// set.
+std::optional<TRACK_LIMIT_T> _limit(const QString &text, bool isEnd)
+{
+    const QDate date = QDate::fromString(text, u"yyyy-MM-dd"_s);
+    if (date.isValid()) {
+        const qint64 start = date.startOfDay(Qt::UTC).toMSecsSinceEpoch();
+        return TRACK_LIMIT_T{isEnd ? start + MS_PER_DAY - 1 : start, false};
+    }
+    static const QRegularExpression form(
+        u"^(\\d{4}-\\d\\d-\\d\\d[T ])?(\\d\\d:[\\d:.,]+)(Z|[+-]\\d\\d(:?\\d\\d)?)?$"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = form.match(text);
+    const bool isDaily = match.capturedLength(1) == 0;
+    const QString day = isDaily ? u"1970-01-01"_s : match.captured(1).chopped(1);
+    const QString zone = match.capturedLength(3) == 0 ? u"Z"_s : match.captured(3).toUpper();
+    const QDateTime time =
+        QDateTime::fromString(day + u'T' + match.captured(2) + zone, Qt::ISODateWithMs);
+    if (!time.isValid())
+        return {};
+    const qint64 ms = time.toMSecsSinceEpoch();
+    return TRACK_LIMIT_T{isDaily ? (ms + MS_PER_DAY) % MS_PER_DAY : ms, isDaily};
+}
+} // namespace
+
+cTrackCommand::cTrackCommand()
+    : cCommand(u"track"_s, u"[options] ARCHIVE..."_s, u"Write GPS tracks for map programs."_s)
+{
+}
+
+void cTrackCommand::addOptions(QCommandLineParser &parser)
+{
+    parser.addOption({{u"t"_s, TO},
+                      u"Format: gpx, kml, geojson or csv. The default follows the extension of "
+                      "-o's FILE; otherwise it is gpx."_s,
+                      u"FORMAT"_s});
+    parser.addOption({JOIN, u"Write one track from all archives to -o's FILE."_s});
+    parser.addOption({FROM,
+                      u"Leave out what is before TIME: 2011-03-23T12:00, 2011-03-23, or 12:00 for "
+                      "every day; UTC unless a zone follows."_s,
+                      u"TIME"_s});
+    parser.addOption({UNTIL, u"Leave out what is after TIME."_s, u"TIME"_s});
+    parser.addOption({GAP,
+                      u"Start a new segment after a gap of more than SECONDS. The default is 30."_s,
+                      u"SECONDS"_s});
+    cTargets::addOptions(parser);
+}
+
+QString cTrackCommand::readOptions(const QCommandLineParser &parser)
+{
+    m_join = parser.isSet(JOIN);
+    QString wrong = m_targets.read(parser, archives(), m_join);
+    if (!wrong.isEmpty())
+        return wrong;
+    if (parser.isSet(TO)) {
+        m_format = _find(&TRACK_FORMAT_T::name, parser.value(TO));
+        if (!m_format)
+            return u"unknown format '%1' (use gpx, kml, geojson or csv)"_s.arg(parser.value(TO));
+    } else {
+        m_format = _findByExtension(m_targets.extension());
+        if (!m_format)
+            return m_targets.unknownFormat();
+    }
+    if (parser.isSet(GAP)) {
+        bool isNumber = false;
+        const double seconds = parser.value(GAP).toDouble(&isNumber);
+        if (!isNumber || !(seconds > 0) || seconds > MAX_GAP)
+            return u"--gap needs a number of seconds, greater than 0"_s;
+        m_gap = std::llround(seconds * MS_PER_SECOND);
+    }
+    const auto read = [&](const QString &option, std::optional<TRACK_LIMIT_T> &limit) {
+        limit = _limit(parser.value(option), option == UNTIL);
+        return limit || !parser.isSet(option);
+    };
+    const QString noTime = u"'%1' is not a time such as 2011-03-23T12:00:00Z or 12:00"_s;
+    if (!read(FROM, m_from))
+        return noTime.arg(parser.value(FROM));
+    if (!read(UNTIL, m_until))
+        return noTime.arg(parser.value(UNTIL));
+    return {};
+}
+
+RESULT_T cTrackCommand::process(const ARCHIVE_T &archive, cProgress &progress) const
+{
+    const auto output = m_targets.open(archive, QLatin1String(m_format->extension), inputs());
+    if (!output->isOpen())
+        return {.files = {output}};
+    cTrackSource source;
+    _setUp(source.track());
+    const QString failure = source.read(archive.name, progress);
+    return failure.isEmpty() ? _write(source, output) : RESULT_T{failure};
+}
+
+// Archives that fail are left out: the others are worth a track, and the status says that it is not
+// complete.
+RESULT_T cTrackCommand::processAll(cProgress &progress, QList<ARCHIVE_T> &failed) const
+{
+    const auto output =
+        m_targets.open(archives().constFirst(), QLatin1String(m_format->extension), inputs());
+    if (!output->isOpen())
+        return {.files = {output}};
+    cTrackSource source;
+    _setUp(source.track());
+    for (qsizetype i = 0; i < archives().size() && !isInterrupted(); ++i) {
+        ARCHIVE_T archive = archives().at(i);
+        progress.begin(i + 1, archive.name);
+        if (archive.failure.isEmpty())
+            archive.failure = source.read(archive.name, progress);
+        if (!archive.failure.isEmpty())
+            failed.append(archive);
+    }
+    if (isInterrupted() || failed.size() == archives().size())
+        return {};
+    return _write(source, output);
+}
+
+void cTrackCommand::_setUp(cTrack &track) const
+{
+    track.setGap(m_gap);
+    track.setLimits(m_from, m_until);
+}
+
+RESULT_T cTrackCommand::_write(cTrackSource &source,
+                               const std::shared_ptr<cOutputFile> &output) const
+{
+    RESULT_T result;
+    result.failure = source.finish();
+    if (!result.failure.isEmpty())
+        return result;
+    const std::unique_ptr<cFixWriter> writer = m_format->writer();
+    QObject::connect(writer.get(), SIGNAL(signal_Data(QByteArray)), output.get(),
+                     SLOT(slot_Data(QByteArray)));
+    if (!writer->write(source.track(), source.title()))
+        return {u"the track cannot be written as XML"_s};
+    const TRACK_SUMMARY_T summary = summarize(source.track());
+    // Walking through a long track reads a temporary file.
+    if (!source.track().error().isEmpty())
+        return {source.track().error()};
+    output->finish();
+    result.files = {output};
+    result.summary = trackSummary(summary, output->name());
+    return result;
+}

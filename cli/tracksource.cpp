@@ -1,0 +1,60 @@
+#include "cli/tracksource.h"
+
+#include "archive/vrk3parser.h"
+#include "cli/fileid.h"
+#include "cli/inputfile.h"
+#include "cli/messages.h"
+#include "cli/pump.h"
+#include "cli/summary.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+cTrackSource::cTrackSource(QObject *parent) : QObject(parent)
+{
+    connect(&m_raw, SIGNAL(signal_Data(QByteArray)), SLOT(slot_Data(QByteArray)));
+    connect(&m_raw, SIGNAL(signal_Data(QByteArray)), &m_reader, SLOT(slot_Data(QByteArray)));
+    connect(&m_reader, SIGNAL(signal_Data(FIX_T)), &m_track, SLOT(slot_Data(FIX_T)));
+}
+
+QString cTrackSource::read(const QString &archive, cProgress &progress)
+{
+    if (m_name.isEmpty())
+        m_name = archive == STANDARD_STREAM ? u"Track"_s : QFileInfo(archive).completeBaseName();
+    cVrk3Parser parser;
+    connect(&parser, SIGNAL(signal_Data(HDR_T)), SLOT(slot_Data(HDR_T)));
+    connect(&parser, SIGNAL(signal_Data(DATA_T)), &m_raw, SLOT(slot_Data(DATA_T)));
+    cInputFile input(archive);
+    pump(input, parser, progress);
+    m_reader.finish();
+    return input.error().isEmpty() ? whyNoArchive(parser.account()) : input.error();
+}
+
+QString cTrackSource::finish()
+{
+    m_track.finish();
+    if (!m_track.error().isEmpty() || !cTrackCursor(m_track).atEnd())
+        return m_track.error();
+    if (m_textBytes == 0)
+        return u"it contains no GPS data"_s;
+    if (m_reader.fixes() == 0)
+        return counted(m_reader.sentences().count(), "GPS sentence") + u", none with a position"_s;
+    return u"%1, none within --from and --until"_s.arg(countedFixes(m_reader.fixes()));
+}
+
+QString cTrackSource::title() const
+{
+    return m_title.size() > 0 ? m_title.start() : m_name;
+}
+
+void cTrackSource::slot_Data(const HDR_T &hdr)
+{
+    if (m_title.size() == 0)
+        m_title = cHeaderText(hdr.title);
+}
+
+void cTrackSource::slot_Data(const QByteArray &a)
+{
+    m_textBytes += a.size();
+}

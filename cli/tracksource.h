@@ -1,0 +1,48 @@
+#ifndef TRACKSOURCE_H
+#define TRACKSOURCE_H
+
+#include "archive/vrk3format.h"
+#include "cli/headertext.h"
+#include "gps/gpsraw.h"
+#include "track/fixreader.h"
+#include "track/track.h"
+
+#include <QObject>
+#include <QString>
+
+class cProgress;
+
+// Reads archives into one track: the fixes of any receiver, in contrast to the window's reading.
+class cTrackSource : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit cTrackSource(QObject *parent = nullptr);
+
+    // Set its gap and its limits before the first archive.
+    cTrack &track() { return m_track; }
+
+    // Adds an archive. Returns an error message, empty on success.
+    QString read(const QString &archive, cProgress &progress);
+
+    // Call this once after the last archive. Returns why the track has no fix; empty if it has one.
+    QString finish();
+
+    // The first title that is not empty, or a name made from that of the first archive.
+    QString title() const;
+
+private Q_SLOTS:
+    void slot_Data(const HDR_T &hdr);
+    void slot_Data(const QByteArray &a);
+
+private:
+    cGpsRaw m_raw;
+    cFixReader m_reader;
+    cTrack m_track;
+    qint64 m_textBytes = 0;
+    cHeaderText m_title;
+    QString m_name;
+};
+
+#endif

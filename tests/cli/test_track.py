@@ -1,0 +1,105 @@
+"""`vrk3 track`: whole files, and what other programs read in them."""
+import csv
+import io
+import json
+import re
+import subprocess
+
+from support import Case, ENVIRONMENT, REFERENCE, archive, gpgga, gprmc, sentence, unittest
+
+FORMATS = ("gpx", "kml", "geojson", "csv")
+
+
+def out(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True, env=dict(ENVIRONMENT, TZ="UTC")).stdout
+
+
+def rows(text):
+    return list(csv.DictReader(io.StringIO(text, newline="")))
+
+
+def journey():
+    """Two archives that overlap: midnight at the antimeridian, a pause, a jump and a fix on its own."""
+    places = ("1630.0,S,17959.98765,E", "1630.0123,S,18000.000,E", "1630.0123456,S,17959.9,W", "1630.05,S,17959.7,W")
+    text = b""
+    for i, place in enumerate(places):
+        time = f"23595{8 + i // 2}.{i % 2 * 5}"
+        text += sentence(f"GNGGA,{time},{place},{i % 2 + 1},09,1.1,{12.5 - i},M,14.0,M,,")
+        text += sentence(f"GNRMC,{time},A,{place},10.0,{359.9999 - 90 * i},230311,,,A")
+    later = gprmc(120, 10, 20, "240311") + gprmc(121, 10.0001, 20, "240311") + gprmc(122, 50, 20, "240311")
+    last = gpgga(122, 50, 20, -3) + sentence("GPGSA,A,3,01,,,,,,,,,,,,1.5,0.7,1")
+    return {"b.vrk3": archive(text[-300:] + later + last, "A <b> ]]> & \"quote\" \\ \x01\ufffe, Москва"),
+            "a.vrk3": archive(text + later[:100])}
+
+
+def positions(coordinates):
+    if isinstance(coordinates[0], list):
+        return [p for c in coordinates for p in positions(c)]
+    return [coordinates[1::-1]]
+
+
+class Track(Case):
+    def setUp(self):
+        super().setUp()
+        undated = b"".join(sentence(f"GPGLL,1000.{i},N,02000.0,E,12000{i},A") for i in range(8))
+        for name, data in {**journey(), "undated.vrk3": archive(undated, "")}.items():
+            self.write(name, data)
+        self.lines = ""
+        for form in FORMATS:
+            self.track("--join -o journey.%s b.vrk3 a.vrk3" % form)
+            self.track("-t %s undated.vrk3" % form)
+
+    def track(self, line):
+        status, output, errors = self.vrk3("track", *line.split())
+        self.lines += f"$ vrk3 track {line}\n{output.decode()}{errors}[{status}]\n"
+        return output.decode()
+
+    def test_references(self):
+        for name in [n for n in self.files() if not n.endswith(".vrk3")]:
+            self.assertReference(name, self.read(name))
+        self.write("none.vrk3", archive(sentence("GPRMC,120000,V,,,,,,,230311,,") + b"$GPGGA,\r\n"))
+        self.write("noise.vrk3", bytes(5000))
+        before = self.files()
+        for line in ("none.vrk3", "-q noise.vrk3 undated.vrk3", "--join a.vrk3", "--gap 0 a.vrk3", "-t raw a.vrk3",
+                     "--from 1 a.vrk3", "--until 24 a.vrk3", "-o x.plt a.vrk3", "--join -o x.gpx noise.vrk3",
+                     "--from 2012-01-01 a.vrk3", "--join -o - -t csv a.vrk3 nix undated.vrk3",
+                     "--from 23:59:59.5 --until 00:02 -t csv -o - a.vrk3", "--until 2011-03-23 -t csv -o - b.vrk3",
+                     "--from 2011-03-24T03:02:02+03 -t csv -o - b.vrk3", "--gap 130 -t csv -o - b.vrk3"):
+            self.track(line)
+        self.assertEqual(self.files(), before)
+        self.assertReference("track.txt", self.lines.encode())
+
+    def test_other_programs(self):
+        for name in ("journey", "undated"):
+            for form in ("gpx", "kml"):
+                schema = REFERENCE.parent / "schemas" / (form + ".xsd")
+                out("xmllint", "--noout", "--schema", schema, self.path(f"{name}.{form}"))
+            fixes = rows(self.read(name + ".csv").decode())
+            places = [(float(f["latitude_deg"]), float(f["longitude_deg"])) for f in fixes]
+            times = [f["time_utc"] for f in fixes]
+            self.assertEqual(len(fixes), 7 if name == "journey" else 8)
+
+            def compare(found):
+                found = list(dict.fromkeys((lat, lon % 360) for lat, lon in found))
+                self.assertEqual(len(found), len(places))
+                for a, b in zip(found, places):
+                    self.assertAlmostEqual(a[0], b[0], delta=5e-8)
+                    self.assertAlmostEqual(a[1], b[1] % 360, delta=5e-8)
+
+            for form in ("gpx", "kml"):
+                found = rows(out("gpsbabel", "-t", "-i", form, "-f", self.path(f"{name}.{form}"),
+                                 "-o", "unicsv,prec=9,utc=0", "-F", "-"))
+                compare([(float(f["Latitude"]), float(f["Longitude"])) for f in found])
+                self.assertEqual([f"{f['Date'].replace('/', '-')}T{f['Time']}Z" for f in found if "Time" in f],
+                                 list(filter(None, times)))
+            for form, layer in (("gpx", ["track_points"]), ("kml", []), ("geojson", []), ("csv", [])):
+                found = json.loads(out(
+                    "ogr2ogr", "-f", "GeoJSON", "-lco", "COORDINATE_PRECISION=9", "-oo", "X_POSSIBLE_NAMES=lon*",
+                    "-oo", "Y_POSSIBLE_NAMES=lat*", "/vsistdout/", self.path(f"{name}.{form}"), *layer))
+                compare([p for f in found["features"] for p in positions(f["geometry"]["coordinates"])])
+                written = re.findall(r"20\d\d[-/]\d\d[-/]\d\d[T ][\d:.]+", self.read(f"{name}.{form}").decode())
+                self.assertEqual(list(dict.fromkeys(w + "Z" for w in written)), list(filter(None, times)))
+
+
+if __name__ == "__main__":
+    unittest.main()
