@@ -45,6 +45,9 @@ class DesktopTest(support.Case):
         self.assertEqual(self.calls("lib/vrktrk/show-track", "a <b> & c"), NOTE % (
             "Der Track kann nicht angezeigt werden",
             "a &lt;b&gt; &amp; c.vrk3: not a VRK3 archive, or its header is missing"))
+        for summary in "Track gespeichert", "Ein Track konnte nicht gespeichert werden":  # the second exists
+            self.assertIn(NOTE.split("%s")[0] + f"{summary}|good.vrk3: ", self.calls("lib/vrktrk/write-track", "good"))
+        self.assertIn(b"<trkpt", self.read("d ä/good.gpx"))
         for name in ARCHIVES:
             self.calls("lib/vrktrk/draw-thumbnail", name, self.path(f"{name}.png"), "128")
         self.assertEqual([name for name in self.files() if name.endswith(".png") and "/" not in name], ["good.png"])
