@@ -55,6 +55,19 @@ def track(name, what, to):
         "30, better 60" if to == "gpx" else "-")
 
 
+def many(name, what):
+    """A thousand archives on two processors, against one. The outputs are in memory."""
+    archive = make_input("receiver", 1)
+    with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:
+        archives = pathlib.Path(folder, "archives")
+        archives.mkdir()
+        for i in range(1000):
+            (archives / f"{i}.vrk3").symlink_to(archive)
+        a, b = pairs(*(lambda jobs=jobs: run(VRK3, "convert", "-qyj", jobs, "-d", folder, archives)
+                       for jobs in (2, 1)), 3)
+    row(name, what, "one", "wall", a.wall, b.wall, f"{b.wall / a.wall:.2f} times faster", "1.7")
+
+
 @contextlib.contextmanager
 def virtual_screen(manager):
     """An X server of its own, with a window manager or without, that DISPLAY names meanwhile."""
@@ -160,6 +173,7 @@ ROWS = {
     "track-gpx": (track, "64 MiB of receiver text to GPX", "gpx"),
     "track-plt": (track, "64 MiB of receiver text to PLT", "plt"),
     "track-kml": (track, "64 MiB of receiver text to KML", "kml"),
+    "many": (many, "1,000 archives of 1 MiB to GPX, two at once"),
     "window-gpx": (window, "the window's run, 64 MiB of receiver text to GPX", "receiver", 64, "gpx"),
     "window-raw": (window, "the window's run, 1 GiB, most of it other streams", "others", 1024,
                    "raw"),
