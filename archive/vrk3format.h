@@ -49,6 +49,11 @@ enum {
     STREAM_TYPE_8 = 8,
     STREAM_TYPE_16 = 16,
 };
+inline bool isStreamType(int type)
+{
+    return type == STREAM_EXT || type == STREAM_TYPE_2 || type == STREAM_TYPE_4 ||
+           type == STREAM_TYPE_8 || type == STREAM_TYPE_16;
+}
 
 // One entry of the stream table.
 struct STREAM_T {

@@ -2,15 +2,6 @@
 
 #include <utility>
 
-namespace
-{
-bool _isAccepted(int type)
-{
-    return type == STREAM_EXT || type == STREAM_TYPE_2 || type == STREAM_TYPE_4 ||
-           type == STREAM_TYPE_8 || type == STREAM_TYPE_16;
-}
-} // namespace
-
 cVrk3Parser::cVrk3Parser(QObject *parent) : QObject(parent)
 {
     m_entryOf.fill(-1);
@@ -104,10 +95,12 @@ void cVrk3Parser::_parseHDRIDXBLOCK()
     if (d.stream.id != d.streamId || d.stream.type == STREAM_NONE)
         d.stream = _lookupStream(d.streamId);
     const int type = d.stream.type;
-    if (!_isAccepted(type)) {
+    if (!isStreamType(type)) {
         m_state = STATE_IDX;
         return;
     }
+    if ((d.flags >> FRAG_SHIFT) >= FRAG_FIRST)
+        m_offsetOf[d.streamId] = m_data.offset();
     d.extWord = 0;
     d.extByte1 = 0;
     d.extByte2 = 0;

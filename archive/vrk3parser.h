@@ -55,6 +55,9 @@ public:
     // How many runs of skipped bytes the account lists.
     static constexpr int STRETCH_MAX = 16;
     ACCOUNT_T account() const;
+    // During signal_Data(DATA_T): the offset of the head of the block's first fragment, counted
+    // from the first byte received.
+    qint64 blockOffset() const { return m_offsetOf[m_block.streamId]; }
 
 public Q_SLOTS:
     // Takes the next bytes of the archive. They need not outlive the call.
@@ -90,6 +93,8 @@ private:
     std::array<int, 256> m_entryOf;
     // The current block. It keeps its memory and its stream from one block to the next.
     DATA_T m_block;
+    // Offset of the last first or whole fragment of each stream.
+    std::array<qint64, 256> m_offsetOf = {};
     ACCOUNT_T m_account;
     qint64 m_stretchEnd = 0; // offset after the last byte that was skipped
 };

@@ -1,6 +1,8 @@
 #ifndef ARCHIVES_H
 #define ARCHIVES_H
 
+#include "cli/borrowedheader.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -10,6 +12,7 @@ struct ARCHIVE_T {
     QString name;        // "-" is standard input
     QString subfolder{}; // where it was found, relative to the folder on the command line; or empty
     QString failure{};   // why it cannot be processed; empty if it can
+    const cBorrowedHeader *header = nullptr; // what to read it with, if not null
 };
 
 // Replaces each folder in the arguments by the files in it whose names end in .vrk3 in any case,

@@ -20,6 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+const QString HEADER_FROM = u"header-from"_s;
 const QString JOBS = u"jobs"_s;
 const QString QUIET = u"quiet"_s;
 const QString RECURSIVE = u"recursive"_s;
@@ -49,6 +50,10 @@ int cCommand::run(const QStringList &arguments)
     const QCommandLineOption help({u"h"_s, u"help"_s}, u"Print this help."_s);
     parser.addOption(help);
     addOptions(parser);
+    parser.addOption({HEADER_FROM,
+                      u"Read archives whose header is missing with that of GOOD, an archive of the "
+                      "same recorder."_s,
+                      u"GOOD"_s});
     parser.addOption({{u"r"_s, RECURSIVE}, u"Look for archives in subfolders as well."_s});
     parser.addOption({{u"j"_s, JOBS},
                       u"Process N archives at once; 0 means one per processor. The default is 1."_s,
@@ -111,14 +116,24 @@ QString cCommand::_readCommonOptions(const QCommandLineParser &parser)
         return u"standard input can be read only once"_s;
     m_quiet = parser.isSet(QUIET);
     m_archives = findArchives(arguments, parser.isSet(RECURSIVE));
+    const QString good = parser.value(HEADER_FROM);
+    const auto protect = [this](const QString &input) {
+        struct stat status = {};
+        if (fileStatus(input, STDIN_FILENO, status) && S_ISREG(status.st_mode))
+            m_inputs.insert(fileId(status));
+    };
     for (ARCHIVE_T &archive : m_archives) {
         if (!archive.name.isValidUtf16())
             archive.failure = u"its name is not valid UTF-8"_s;
-        struct stat status = {};
-        if (fileStatus(archive.name, STDIN_FILENO, status) && S_ISREG(status.st_mode))
-            m_inputs.insert(fileId(status));
+        protect(archive.name);
+        if (parser.isSet(HEADER_FROM))
+            archive.header = &m_header;
     }
-    return {};
+    if (!parser.isSet(HEADER_FROM))
+        return {};
+    protect(good);
+    const QString wrong = m_header.read(good);
+    return wrong.isEmpty() ? QString() : u"--header-from %1: %2"_s.arg(good, wrong);
 }
 
 QByteArray cCommand::before(bool) const

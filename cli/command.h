@@ -83,6 +83,7 @@ private:
     QString m_summary;
     bool m_quiet = false;
     int m_jobs = 1;
+    cBorrowedHeader m_header;
     QList<ARCHIVE_T> m_archives;
     QSet<FILEID_T> m_inputs;
 

@@ -21,19 +21,21 @@ cContents::cContents(QObject *parent) : QObject(parent)
             SLOT(slot_Data(QByteArray)));
 }
 
-QString cContents::read(const QString &archive, cProgress &progress)
+QString cContents::read(const ARCHIVE_T &archive, cProgress &progress)
 {
-    m_archive = archive;
+    m_archive = archive.name;
     const QString failure = m_reader.read(archive, progress);
     return failure.isEmpty() ? whyNoArchive(account()) : failure;
 }
 
 void cContents::slot_Data(const HDR_T &hdr)
 {
-    ++m_hdrRecords;
-    const cHeaderText title(hdr.title);
-    if (!m_titles.contains(title) && m_titles.size() < MAX_TITLES)
-        m_titles.append(title);
+    if (!m_reader.isBorrowed()) {
+        ++m_hdrRecords;
+        const cHeaderText title(hdr.title);
+        if (!m_titles.contains(title) && m_titles.size() < MAX_TITLES)
+            m_titles.append(title);
+    }
     for (int tag = 1; tag <= TAG_MAX; ++tag) {
         if (!hdr.texts.at(tag).isEmpty())
             m_texts[tag] = cHeaderText(hdr.texts.at(tag));
@@ -72,7 +74,8 @@ cContents::OMITTED_T cContents::omitted() const
 
 void cContents::slot_Data(const IDX_T &)
 {
-    ++m_idxRecords;
+    if (!m_reader.isBorrowed())
+        ++m_idxRecords;
 }
 
 void cContents::slot_Data(const DATA_T &d)

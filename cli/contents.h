@@ -37,9 +37,9 @@ public:
     explicit cContents(QObject *parent = nullptr);
 
     // Reads the archive, once per object. Returns an error message, empty on success.
-    QString read(const QString &archive, cProgress &progress);
+    QString read(const ARCHIVE_T &archive, cProgress &progress);
 
-    // The name passed to read().
+    // The name of the archive that was read.
     const QString &archive() const { return m_archive; }
     // The headers' distinct titles in file order, MAX_TITLES at most.
     const QList<cHeaderText> &titles() const { return m_titles; }
@@ -52,7 +52,7 @@ public:
     qint64 hdrRecords() const { return m_hdrRecords; }
     qint64 idxRecords() const { return m_idxRecords; }
 
-    ACCOUNT_T account() const { return m_reader.parser().account(); }
+    const ACCOUNT_T &account() const { return m_reader.account(); }
     const NMEA_ACCOUNT_T &sentences() const { return m_reader.nmea().account(); }
     const cSentenceNames &unread() const { return m_names; }
     const cTrackStats &stats() const { return m_reader.stats(); }

@@ -1,8 +1,7 @@
 #include "cli/convert.h"
 
-#include "cli/inputfile.h"
+#include "cli/feed.h"
 #include "cli/messages.h"
-#include "cli/pump.h"
 #include "cli/summary.h"
 #include "cli/trackstats.h"
 #include "gps/gpschain.h"
@@ -80,9 +79,9 @@ QString cConvert::readOptions(const QCommandLineParser &parser)
 
 RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
 {
-    cInputFile input(archive.name);
-    if (!input.error().isEmpty())
-        return {input.error()};
+    cFeed feed(archive);
+    if (!feed.error().isEmpty())
+        return {feed.error()};
     const QString extension = QLatin1String(m_format->extension);
     RESULT_T result;
     const auto output = m_targets.open(archive, extension, inputs());
@@ -90,7 +89,6 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
     if (!output->isOpen())
         return result;
     cTrackStats stats;
-    ACCOUNT_T account;
     bool hasPoints = false;
     {
         // The chain sends its last bytes when it is destroyed.
@@ -101,17 +99,16 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
         if (hasPoints)
             QObject::connect(chain.decoder(), SIGNAL(signal_Data(nmea_data)), &stats,
                              SLOT(slot_Data(nmea_data)));
-        pump(input, chain.parser(), progress, output.get());
-        account = chain.parser().account();
+        feed.run(chain.parser(), progress, output.get());
     }
     if (output->error().isEmpty()) {
-        result.failure = input.error().isEmpty() ? whyNoTrack(account, stats) : input.error();
+        result.failure = feed.error().isEmpty() ? whyNoTrack(feed.account(), stats) : feed.error();
         if (!result.failure.isEmpty())
             return result;
     }
     output->finish();
     const QString amount =
         hasPoints ? counted(stats.points(), "point") : counted(output->size(), "byte");
-    result.summary = trackSummary(amount, stats, account, output->name());
+    result.summary = trackSummary(amount, stats, feed.account(), output->name());
     return result;
 }

@@ -51,7 +51,7 @@ RESULT_T cInfo::process(const ARCHIVE_T &archive, cProgress &progress) const
 {
     cContents contents;
     RESULT_T result;
-    result.failure = contents.read(archive.name, progress);
+    result.failure = contents.read(archive, progress);
     if (!result.failure.isEmpty())
         return result;
     if (m_form == TEXT)

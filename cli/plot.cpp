@@ -48,8 +48,8 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
     QObject::connect(&reader.nmea(), SIGNAL(signal_Data(nmea_data)), &picture,
                      SLOT(slot_Data(nmea_data)));
     const cTrackStats &stats = reader.stats();
-    result.failure = reader.read(archive.name, progress);
-    const ACCOUNT_T account = reader.parser().account();
+    result.failure = reader.read(archive, progress);
+    const ACCOUNT_T &account = reader.account();
     if (result.failure.isEmpty())
         result.failure = whyNoTrack(account, stats);
     if (result.failure.isEmpty() && stats.located() == 0)

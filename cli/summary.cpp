@@ -11,8 +11,8 @@ QString whyNoArchive(const ACCOUNT_T &account)
 {
     if (account.received == 0)
         return u"it is empty"_s;
-    if (account.hdr == 0)
-        return u"not a VRK3 archive, or its header is missing"_s;
+    if (account.hdr + account.idx + account.heads == 0)
+        return u"not a VRK3 archive, or its header is missing (see --header-from)"_s;
     return {};
 }
 

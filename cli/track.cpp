@@ -153,7 +153,7 @@ RESULT_T cTrackCommand::process(const ARCHIVE_T &archive, cProgress &progress) c
         return {.files = {output}};
     cTrackSource source;
     _setUp(source.track());
-    const QString failure = source.read(archive.name, progress);
+    const QString failure = source.read(archive, progress);
     return failure.isEmpty() ? _write(source, output) : RESULT_T{failure};
 }
 
@@ -171,7 +171,7 @@ RESULT_T cTrackCommand::processAll(cProgress &progress, QList<ARCHIVE_T> &failed
         ARCHIVE_T archive = archives().at(i);
         progress.begin(i + 1, archive.name);
         if (archive.failure.isEmpty())
-            archive.failure = source.read(archive.name, progress);
+            archive.failure = source.read(archive, progress);
         if (!archive.failure.isEmpty())
             failed.append(archive);
     }

@@ -1,8 +1,5 @@
 #include "cli/trackreader.h"
 
-#include "cli/inputfile.h"
-#include "cli/pump.h"
-
 cTrackReader::cTrackReader()
 {
     const auto connect = [](const QObject &sender, const char *signal, const QObject &receiver,
@@ -15,9 +12,9 @@ cTrackReader::cTrackReader()
     connect(m_nmea, SIGNAL(signal_Data(nmea_data)), m_stats, SLOT(slot_Data(nmea_data)));
 }
 
-QString cTrackReader::read(const QString &archive, cProgress &progress)
+QString cTrackReader::read(const ARCHIVE_T &archive, cProgress &progress)
 {
-    cInputFile input(archive);
-    pump(input, m_parser, progress);
-    return input.error();
+    m_feed.emplace(archive);
+    m_feed->run(m_parser, progress);
+    return m_feed->error();
 }

@@ -2,10 +2,13 @@
 #define TRACKREADER_H
 
 #include "archive/vrk3parser.h"
+#include "cli/feed.h"
 #include "cli/progress.h"
 #include "cli/trackstats.h"
 #include "gps/gpsraw.h"
 #include "gps/nmea.h"
+
+#include <optional>
 
 // The chain without a writer, for commands that inspect an archive. Connect to the signals of its
 // parts to collect more.
@@ -15,7 +18,11 @@ public:
     cTrackReader();
 
     // Reads an archive completely. Returns an error message, empty on success.
-    QString read(const QString &archive, cProgress &progress);
+    QString read(const ARCHIVE_T &archive, cProgress &progress);
+    // Whether the parser is reading a borrowed header.
+    bool isBorrowed() const { return m_feed && m_feed->isBorrowed(); }
+    // The account of the archive's bytes, once read() has returned.
+    const ACCOUNT_T &account() const { return m_feed->account(); }
 
     const cVrk3Parser &parser() const { return m_parser; }
     const cGpsRaw &raw() const { return m_raw; }
@@ -23,6 +30,7 @@ public:
     const cTrackStats &stats() const { return m_stats; }
 
 private:
+    std::optional<cFeed> m_feed;
     cVrk3Parser m_parser;
     cGpsRaw m_raw;
     cNmea m_nmea;

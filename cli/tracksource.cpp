@@ -1,10 +1,8 @@
 #include "cli/tracksource.h"
 
-#include "archive/vrk3parser.h"
+#include "cli/feed.h"
 #include "cli/fileid.h"
-#include "cli/inputfile.h"
 #include "cli/messages.h"
-#include "cli/pump.h"
 #include "cli/summary.h"
 
 #include <QFileInfo>
@@ -18,17 +16,18 @@ cTrackSource::cTrackSource(QObject *parent) : QObject(parent)
     connect(&m_reader, SIGNAL(signal_Data(FIX_T)), &m_track, SLOT(slot_Data(FIX_T)));
 }
 
-QString cTrackSource::read(const QString &archive, cProgress &progress)
+QString cTrackSource::read(const ARCHIVE_T &archive, cProgress &progress)
 {
     if (m_name.isEmpty())
-        m_name = archive == STANDARD_STREAM ? u"Track"_s : QFileInfo(archive).completeBaseName();
+        m_name = archive.name == STANDARD_STREAM ? u"Track"_s
+                                                 : QFileInfo(archive.name).completeBaseName();
     cVrk3Parser parser;
     connect(&parser, SIGNAL(signal_Data(HDR_T)), SLOT(slot_Data(HDR_T)));
     connect(&parser, SIGNAL(signal_Data(DATA_T)), &m_raw, SLOT(slot_Data(DATA_T)));
-    cInputFile input(archive);
-    pump(input, parser, progress);
+    cFeed feed(archive);
+    feed.run(parser, progress);
     m_reader.finish();
-    return input.error().isEmpty() ? whyNoArchive(parser.account()) : input.error();
+    return feed.error().isEmpty() ? whyNoArchive(feed.account()) : feed.error();
 }
 
 QString cTrackSource::finish()

@@ -2,6 +2,7 @@
 #define TRACKSOURCE_H
 
 #include "archive/vrk3format.h"
+#include "cli/archives.h"
 #include "cli/headertext.h"
 #include "gps/gpsraw.h"
 #include "track/fixreader.h"
@@ -24,7 +25,7 @@ public:
     cTrack &track() { return m_track; }
 
     // Adds an archive. Returns an error message, empty on success.
-    QString read(const QString &archive, cProgress &progress);
+    QString read(const ARCHIVE_T &archive, cProgress &progress);
 
     // Call this once after the last archive. Returns why the track has no fix; empty if it has one.
     QString finish();

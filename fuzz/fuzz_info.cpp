@@ -40,7 +40,7 @@ void _checkInfo(const QString &file)
 {
     cProgress progress(file, false);
     cContents contents;
-    if (!contents.read(file, progress).isEmpty())
+    if (!contents.read({file}, progress).isEmpty())
         return;
     _checkText(contentsText(contents).toUtf8());
     const QJsonObject object = contentsJson(contents);
@@ -58,7 +58,7 @@ void _checkPlot(const QString &file)
                      SLOT(slot_Data(HDR_T)));
     QObject::connect(&reader.nmea(), SIGNAL(signal_Data(nmea_data)), &picture,
                      SLOT(slot_Data(nmea_data)));
-    require(reader.read(file, progress).isEmpty(), "the input can be read");
+    require(reader.read({file}, progress).isEmpty(), "the input can be read");
     if (reader.stats().located() == 0)
         return;
     const QByteArray svg = picture.svg(reader.stats());

@@ -123,7 +123,7 @@ class Many(Case):
         os.symlink("/dev/zero", self.path("t/zero.vrk3"))
         good = "{}: 2 points, 01:00:00 to 01:01:01 UTC, 0 bytes skipped -> out/{}.gpx\n"
         skipped = "{}: skipped, out/{}.gpx already exists\n"
-        bad = "vrk3: t/bad.vrk3: not a VRK3 archive, or its header is missing\n"
+        bad = "vrk3: t/bad.vrk3: not a VRK3 archive, or its header is missing (see --header-from)\n"
         both = "vrk3: t/s/b.vrk3: cannot write out/s/b.gpx: another archive has the same output\n"
         for line in good, skipped:
             expected = "".join((skipped.format("t/a.vrk3", "a"), bad, line.format("t/s/b.VRK3", "s/b"), both,

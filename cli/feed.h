@@ -1,0 +1,40 @@
+#ifndef FEED_H
+#define FEED_H
+
+#include "archive/vrk3parser.h"
+#include "cli/archives.h"
+#include "cli/borrowedheader.h"
+#include "cli/inputfile.h"
+#include "cli/outputfile.h"
+#include "cli/progress.h"
+
+// Reads an archive and feeds it to a parser, after a borrowed header if there is one. Offsets and
+// the account are those of the archive, without the borrowed bytes.
+class cFeed
+{
+public:
+    explicit cFeed(const ARCHIVE_T &archive);
+
+    // Feeds the archive to the end, or until the output, which may be null, is in error.
+    void run(cVrk3Parser &parser, cProgress &progress, const cOutputFile *output = nullptr);
+
+    // Why the archive could not be read completely; empty if all is well.
+    const QString &error() const { return m_input.error(); }
+    // Whether the parser is reading borrowed bytes, so that its signals are not about the archive.
+    bool isBorrowed() const { return m_isBorrowed; }
+    // The offset in the archive of a byte that the parser counts as its nth.
+    qint64 offset(qint64 n) const;
+    // The parser's account, once run() has returned.
+    const ACCOUNT_T &account() const { return m_account; }
+
+private:
+    ACCOUNT_T _own(ACCOUNT_T account) const;
+
+    cInputFile m_input;
+    const cBorrowedHeader *m_header = nullptr;
+    cBorrowedHeader::LEAD_T m_lead;
+    bool m_isBorrowed = false;
+    ACCOUNT_T m_account;
+};
+
+#endif
