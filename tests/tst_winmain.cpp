@@ -24,11 +24,12 @@ class tst_WinMain : public QObject
 {
     Q_OBJECT
 
+    QStyle *m_style = new ZelStyle; // The application owns it.
     PARAMS_T m_params;
     std::unique_ptr<ZelWindow> m_frame;
 
 private Q_SLOTS:
-    void initTestCase() { QApplication::setStyle(new ZelStyle); }
+    void initTestCase() { QApplication::setStyle(m_style); }
 
     void init()
     {
@@ -65,7 +66,7 @@ private Q_SLOTS:
                     QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
             }
             const QKeySequence sequence(keys);
-            for (int i = 0; i < sequence.count(); ++i)
+            for (uint i = 0; i < static_cast<uint>(sequence.count()); ++i)
                 QTest::keyClick(m_frame->windowHandle(), sequence[i].key(),
                                 sequence[i].keyboardModifiers());
             QTRY_VERIFY(!m_frame->isVisible());

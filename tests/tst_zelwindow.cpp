@@ -7,8 +7,11 @@
 class tst_ZelWindow : public QObject
 {
     Q_OBJECT
+
+    QStyle *m_style = new ZelStyle; // The application owns it.
+
 private Q_SLOTS:
-    void initTestCase() { QApplication::setStyle(new ZelStyle); }
+    void initTestCase() { QApplication::setStyle(m_style); }
 
     // Qt's own styles show the focus only while the keyboard is used.
     void focusShowsAfterClick()
