@@ -5,11 +5,12 @@
 
 class QFile;
 
-// Converts the first input of gParams to the format of its filter: asks for an output name, then
-// reads the input under a progress dialog until its end or until the user cancels. Cancel keeps
-// what has been written so far. Leaves the chosen name, or nothing, in the outputs of gParams.
+// Converts the first input of gParams to the format that the filter of gParams names. Asks for an
+// output name, then shows a progress dialog until the whole input has been read or the user
+// cancels. Cancel keeps what has been written so far.
 //
-// Reports nothing. If the input cannot be opened or the user chooses no name, no file is touched.
+// Afterwards the outputs of gParams hold the chosen name or nothing. Errors are not reported. If
+// the input cannot be opened or the user chooses no name, no file is written.
 void runExtraction();
 
 // Returns how much of the file has been read, in percent; 0 for special files without a size.

@@ -5,19 +5,18 @@
 
 class ZelWindow;
 
-// What the settings in gSettings hold about the window: a version line, and where the window was at
-// the end of the last session.
+// The state of the window between sessions, which is kept in gSettings.
 
 // Returns the text for the second line of the title bar; empty if none is stored.
 QString versionLine();
 
-// Gives the window the stored geometry (by default 480 by 220 pixels at 100, 100) and shows it,
-// maximised if it was so. Stores the default of each key that is missing. The numbers are passed to
-// the window as they are stored; the window itself keeps within the screens.
+// Restores the geometry of the window (by default 480 by 220 pixels at 100, 100) and shows it,
+// maximised if it was stored as maximised. Stores the default of each missing key. The stored
+// numbers are passed on unchanged; ZelWindow::setGeometry keeps the window usable.
 void restoreSession(ZelWindow *window);
 
 // Stores whether the window is maximised and, if it is not, its geometry in pixels. The window may
-// be closed already.
+// already be closed.
 void storeSession(const ZelWindow &window);
 
 #endif

@@ -6,8 +6,8 @@
 // Sets the application's name, icon, locale, style and palette.
 void setUpApplication();
 
-// Sorts the command line into args, switches and inputs of gParams. argc and argv are those that
-// the application object has already removed Qt's own options from.
+// Sorts the command line into args, switches and inputs of gParams. The application object has
+// already removed Qt's own options from it.
 void classifyArguments(int argc, char **argv);
 
 // Asks for an archive in an Open dialog and adds it to the inputs of gParams. Adds nothing if the
