@@ -3,6 +3,7 @@ import functools
 import operator
 import os
 import pathlib
+import re
 import shutil
 import signal
 import struct
@@ -10,7 +11,7 @@ import subprocess
 import tempfile
 import unittest
 
-VRK3, SAMPLE, SOURCE = (os.environ[n] for n in ("VRK3", "VRK3_SAMPLE", "VRK3_SOURCE"))
+VRK3, SOURCE = os.environ["VRK3"], os.environ["VRK3_SOURCE"]
 REFERENCE = pathlib.Path(__file__).parent / "reference"
 # In the background, a shell ignores Ctrl-C, and so would the programs started here.
 signal.signal(signal.SIGINT, signal.default_int_handler)
@@ -24,24 +25,21 @@ def sentence(body, error=0):
     return b"$%s*%02X\r\n" % (body.encode(), checksum)
 
 
-def _position(lat, lon):
-    def angle(value, width):
-        return "%0*d%07.4f" % (width, int(abs(value)), abs(value) % 1 * 60)
-    return "%s,%s,%s,%s" % (angle(lat, 2), "NS"[lat < 0], angle(lon, 3), "EW"[lon < 0])
+def _angle(value, width):
+    return "%0*d%07.4f" % (width, int(abs(value)), abs(value) % 1 * 60)
 
 
-def _time(second):
-    return "%02d%02d%02d" % (second // 3600 % 24, second // 60 % 60, second % 60)
+def _place(second, lat, lon, status=""):
+    return "%02d%02d%02d,%s%s,%s,%s,%s" % (second // 3600 % 24, second // 60 % 60, second % 60, status,
+                                          _angle(lat, 2), "NS"[lat < 0], _angle(lon, 3), "EW"[lon < 0])
 
 
-def gprmc(second, lat, lon, date="230311", **options):
-    return sentence("GPRMC,%s,A,%s,10.0,84.4,%s,,,A" % (_time(second), _position(lat, lon), date),
-                    **options)
+def gprmc(second, lat, lon, date="230311"):
+    return sentence("GPRMC,%s,10.0,84.4,%s,,,A" % (_place(second, lat, lon, "A,"), date))
 
 
-def gpgga(second, lat, lon, alt=151.7, **options):
-    return sentence("GPGGA,%s,%s,1,07,0.9,%.1f,M,46.9,M,," % (_time(second), _position(lat, lon), alt),
-                    **options)
+def gpgga(second, lat, lon, alt=151.7):
+    return sentence("GPGGA,%s,1,07,0.9,%.1f,M,46.9,M,," % (_place(second, lat, lon), alt))
 
 
 def header(title, streams, texts=b""):
@@ -145,3 +143,11 @@ class Case(unittest.TestCase):
             (REFERENCE / name).write_bytes(found)
         self.assertEqual((REFERENCE / name).read_bytes().decode(errors="backslashreplace").split("\n"),
                          found.decode(errors="backslashreplace").split("\n"), name)
+
+    def assertTranscript(self, name, **options):
+        """Runs the commands in a reference file and compares what they print and return."""
+        found = b""
+        for line in re.findall(rb"^\$ vrk3(.*)", (REFERENCE / name).read_bytes(), re.M):
+            status, output, errors = self.vrk3(*line.decode("unicode_escape").split(), **options)
+            found += b"$ vrk3%s\n%s%s[%d]\n" % (line, output, errors.encode(), status)
+        self.assertReference(name, found)
