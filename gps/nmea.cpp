@@ -18,9 +18,6 @@ constexpr qsizetype NAME_LENGTH = 5;
 constexpr QByteArrayView FIELD_CHARACTERS = "0123456789.,AENMSW+-";
 constexpr QByteArrayView CHECKSUM_DIGITS = "0123456789ABCDEF";
 
-// The memory of a longer text is freed. No real sentence is this long.
-constexpr qsizetype TEXT_KEPT = 4096;
-
 // For each byte, whether it is one of the given characters.
 constexpr std::array<bool, 256> _tableOf(QByteArrayView characters)
 {
@@ -164,15 +161,15 @@ void cNmea::_reject()
 void cNmea::_discard()
 {
     m_state = STATE_SKIP;
+    m_text.clear();
     if (m_text.capacity() > TEXT_KEPT)
-        m_text = QByteArray();
-    m_text.resize(0);
+        m_text.squeeze();
 }
 
 // Reads the complete sentence in m_text.
 void cNmea::_sentence()
 {
-    const QByteArrayView text(m_text);
+    const QByteArrayView text(m_text.constData(), m_text.size());
     const std::array<char, CHECKSUM_LENGTH> sum = _nmeaChecksum(text.first(m_star));
     if (std::memcmp(sum.data(), text.sliced(m_star + 1).data(), CHECKSUM_LENGTH) != 0) {
         ++m_account.badChecksum[size_t(m_kind)];

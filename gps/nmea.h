@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QObject>
+#include <QVarLengthArray>
 
 #include <array>
 
@@ -64,6 +65,8 @@ private:
     // The number of fields that are read. A sentence needs at least as many after its name.
     static constexpr int FIELDS_READ = 9;
     static constexpr qsizetype CHECKSUM_LENGTH = 2;
+    // Longer text is freed at its end. No real sentence is this long.
+    static constexpr qsizetype TEXT_KEPT = 256;
 
     enum { STATE_SKIP, STATE_NAME, STATE_FIELDS, STATE_CHECKSUM };
 
@@ -86,7 +89,7 @@ private:
     static double _getTime(QByteArrayView field);
 
     // The unfinished sentence, starting after its dollar sign, without CR and LF.
-    QByteArray m_text;
+    QVarLengthArray<char, TEXT_KEPT> m_text;
     int m_state = STATE_SKIP;
     qsizetype m_star = 0; // offset of the asterisk in m_text
     int m_kind = 0;       // of the unfinished sentence, an index into NMEA_NAMES

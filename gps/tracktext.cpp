@@ -85,7 +85,7 @@ cTrackLine &cTrackLine::_number(double value, int decimals)
     const int exponent = int(bits >> 52) & 0x7FF;
     const quint64 mantissa = (bits & 0xFFFFFFFFFFFFF) | quint64(1) << 52;
     const int shift = 1075 - exponent;
-    const quint64 scale = decimals == 6 ? 1000000 : 10;
+    const quint32 scale = decimals == 6 ? 1000000 : 10;
     quint64 scaled = 0;
     if (shift < roundsToZero)
         scaled = quint64((uint128(mantissa) * scale + (uint128(1) << (shift - 1))) >> shift);
@@ -97,7 +97,7 @@ cTrackLine &cTrackLine::_number(double value, int decimals)
         *p++ = '-';
     p = std::to_chars(p, begin + longest, scaled / scale).ptr;
     *p++ = '.';
-    quint64 fraction = scaled % scale;
+    auto fraction = quint32(scaled % scale);
     for (int i = decimals - 1; i >= 0; --i, fraction /= 10)
         p[i] = char('0' + fraction % 10);
     p += decimals;
