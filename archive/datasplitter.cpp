@@ -1,51 +1,93 @@
 #include "archive/datasplitter.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace
 {
-// Bytes that one step of the search for a four-byte value covers.
-constexpr qsizetype SEARCH_STEP = 64;
+// The least number of bytes that are copied to continue with bytes of an earlier array.
+constexpr qsizetype SEAM = 256;
+// Number of offsets that one step of the search for a four-byte value examines.
+constexpr qsizetype SEARCH_STEP = 512;
 
-// Whether a or b begins at one of the SEARCH_STEP bytes at p. Reads three bytes more than that.
-// There are no branches, so the compiler can use vector instructions and the time does not depend
-// on the bytes.
-bool _beginsWithin(const char *p, quint32 a, quint32 b)
+// Whether matches(i) holds for an i below SEARCH_STEP. There are no branches, so the compiler can
+// use vector instructions and the time does not depend on the bytes.
+template <typename F>
+bool _any(F matches)
 {
-    const auto byte = [](quint32 value, int i) { return char(value >> (8 * i)); };
-    const char a0 = byte(a, 0), a1 = byte(a, 1), a2 = byte(a, 2), a3 = byte(a, 3);
-    const char b0 = byte(b, 0), b1 = byte(b, 1), b2 = byte(b, 2), b3 = byte(b, 3);
-    unsigned char hit = 0;
-    for (qsizetype i = 0; i < SEARCH_STEP; ++i) {
-        const auto isA = static_cast<unsigned char>((p[i] == a0) & (p[i + 1] == a1) &
-                                                    (p[i + 2] == a2) & (p[i + 3] == a3));
-        const auto isB = static_cast<unsigned char>((p[i] == b0) & (p[i + 1] == b1) &
-                                                    (p[i + 2] == b2) & (p[i + 3] == b3));
-        hit |= static_cast<unsigned char>(isA | isB);
-    }
+    char hit = 0;
+    for (qsizetype i = 0; i < SEARCH_STEP; ++i)
+        hit |= char(-int(matches(i)));
     return hit != 0;
+}
+
+// Whether a pair of bytes begins at one of the SEARCH_STEP bytes at p.
+bool _hasPair(const char *p, quint16 pair)
+{
+    const char b0 = char(pair);
+    const char b1 = char(pair >> 8);
+    return _any([=](qsizetype i) { return (p[i] == b0) & (p[i + 1] == b1); });
+}
+
+// Whether a four-byte value does.
+bool _hasValue(const char *p, quint32 value)
+{
+    const char b0 = char(value);
+    const char b1 = char(value >> 8);
+    const char b2 = char(value >> 16);
+    const char b3 = char(value >> 24);
+    return _any([=](qsizetype i) {
+        return (p[i] == b0) & (p[i + 1] == b1) & (p[i + 2] == b2) & (p[i + 3] == b3);
+    });
 }
 } // namespace
 
 void cDataSplitter::append(const QByteArray &a)
 {
+    _append(a);
+}
+
+qsizetype cDataSplitter::append(const QByteArray &a, qsizetype pos)
+{
+    if (m_size <= pos) {
+        m_buffer = a;
+        m_front = a.constData() + pos - m_size; // the unread bytes are those before pos
+        m_size += a.size() - pos;
+        return a.size();
+    }
+    const qsizetype wanted = std::max({m_required - m_size, SEAM, m_size / 2});
+    const qsizetype n = std::min(wanted, a.size() - pos);
+    _append(QByteArrayView(a).sliced(pos, n));
+    return pos + n;
+}
+
+void cDataSplitter::release()
+{
+    if (m_buffer.isDetached())
+        return;
+    m_buffer = QByteArray(m_front, m_size);
+    m_front = m_buffer.constData();
+}
+
+void cDataSplitter::_append(QByteArrayView bytes)
+{
     // Consumed bytes are removed once they make up at least half of the buffer. The bytes moved are
     // then never more than the bytes consumed.
-    if (m_head >= size()) {
-        const qsizetype rest = size();
-        if (rest > 0)
-            std::memmove(m_buffer.data(), _front(), size_t(rest));
-        m_buffer.resize(rest);
-        m_removed += m_head;
-        m_head = 0;
+    qsizetype head = m_buffer.size() - m_size;
+    if (head >= m_size) {
+        m_buffer.remove(0, head);
+        head = 0;
     }
-    m_buffer.append(a);
+    m_buffer.append(bytes);
+    m_front = m_buffer.constData() + head;
+    m_size += bytes.size();
+    m_required = 0;
 }
 
 QByteArray cDataSplitter::peek_block(int pos, int len) const
 {
     require(qsizetype(pos) + len);
-    return {_front() + pos, len};
+    return {m_front + pos, len};
 }
 
 QByteArray cDataSplitter::get_block(int &pos, int len) const
@@ -62,7 +104,7 @@ void cDataSplitter::get_block(int &pos, int len, QByteArray &block) const
         block = QByteArray(len, Qt::Uninitialized);
     else
         block.resize(len);
-    std::memcpy(block.data(), _front() + pos, size_t(len));
+    std::memcpy(block.data(), m_front + pos, size_t(len));
     pos += len;
 }
 
@@ -77,7 +119,7 @@ QByteArray cDataSplitter::peek_string(int pos) const
 {
     const qsizetype zero = bytes().indexOf('\0', pos);
     require(zero < 0 ? size() + 1 : zero + 1);
-    return {_front() + pos, zero + 1 - pos};
+    return {m_front + pos, zero + 1 - pos};
 }
 
 QByteArray cDataSplitter::get_string(int &pos) const
@@ -94,28 +136,23 @@ QByteArray cDataSplitter::get_string()
     return string;
 }
 
-qsizetype cDataSplitter::find_quint32(quint32 a, quint32 b, char mark, qsizetype limit) const
+qsizetype cDataSplitter::find_quint32(quint32 a, quint32 b, quint16 mark, qsizetype limit) const
 {
-    const char *const p = _front();
+    const char *const p = m_front;
     // Every offset below this one is followed by four bytes.
     const qsizetype end = qBound<qsizetype>(0, limit, qMax<qsizetype>(0, size() - 3));
-    qsizetype i = 0;
-    while (i < end) {
-        // memchr is the fastest search through bytes without a mark. Each mark it finds is followed
-        // by a whole step, so that it is not called for every byte of an input full of marks.
-        const void *const found = std::memchr(p + i, mark, size_t(end + 3 - i));
-        if (!found)
-            return end;
-        i = qMax(i, static_cast<const char *>(found) - p - 3);
-        const qsizetype next = qMin(end, i + SEARCH_STEP);
-        if (next - i < SEARCH_STEP || _beginsWithin(p + i, a, b)) {
-            for (; i < next; ++i) {
-                const auto value = qFromLittleEndian<quint32>(p + i);
-                if (value == a || value == b)
-                    return i;
-            }
+    // A mark begins at most two bytes after the value, so the steps overlap by two offsets.
+    for (qsizetype step = 0; step < end; step += SEARCH_STEP - 2) {
+        const char *const q = p + step;
+        if (step + SEARCH_STEP <= end &&
+            (!_hasPair(q, mark) || !(_hasValue(q, a) || _hasValue(q, b))))
+            continue;
+        const qsizetype stop = qMin(end, step + SEARCH_STEP);
+        for (qsizetype i = step; i < stop; ++i) {
+            const auto value = qFromLittleEndian<quint32>(p + i);
+            if (value == a || value == b)
+                return i;
         }
-        i = next;
     }
     return end;
 }

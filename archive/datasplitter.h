@@ -20,15 +20,24 @@ class cDataSplitter
 public:
     virtual ~cDataSplitter() = default;
 
-    // Appends the bytes of a.
+    // Appends a copy of the bytes of a.
     void append(const QByteArray &a);
+    // Appends bytes of a, the first of them at pos, and returns the offset after the last one.
+    // Appends all of them, and reads them in place, if no bytes from before `a` are unread.
+    // Otherwise appends a copy of about as many as the last failed read needed. To use a whole
+    // array, begin with pos 0, read, and repeat with the offset returned until that is a.size().
+    // Then call release().
+    qsizetype append(const QByteArray &a, qsizetype pos);
+    // Copies the unread bytes of an array that is read in place. Without this call, the array's
+    // owner would copy the whole array when changing it.
+    void release();
 
     // Number of bytes in the buffer.
-    qsizetype size() const { return m_buffer.size() - m_head; }
+    qsizetype size() const { return m_size; }
     // Number of bytes consumed so far.
-    qint64 offset() const { return m_removed + m_head; }
+    qint64 offset() const { return m_offset; }
     // The bytes in the buffer. Valid until the next append or skip.
-    QByteArrayView bytes() const { return {_front(), size()}; }
+    QByteArrayView bytes() const { return {m_front, m_size}; }
     // Throws unless the buffer holds n bytes.
     void require(qsizetype n) const;
 
@@ -51,24 +60,26 @@ public:
     quint32 peek_quint32() const { return _peek<quint32>(0); }
     // Returns the first offset below limit at which four bytes read as a or b. If there is none,
     // returns limit or the first offset that is followed by fewer than four bytes, whichever is
-    // less. `mark` is a byte that occurs in both values; the rarer it is in the buffer, the faster
-    // the search.
-    qsizetype find_quint32(quint32 a, quint32 b, char mark, qsizetype limit) const;
+    // less. `mark` is two consecutive bytes that occur in both values, as a little-endian number.
+    // The search is fastest where they do not occur.
+    qsizetype find_quint32(quint32 a, quint32 b, quint16 mark, qsizetype limit) const;
 
     // Consumes the first n bytes.
     void skip(qsizetype n)
     {
         require(n);
-        m_head += n;
+        m_front += n;
+        m_size -= n;
+        m_offset += n;
     }
 
 private:
-    const char *_front() const { return m_buffer.constData() + m_head; }
+    void _append(QByteArrayView bytes);
     template <typename T>
     T _peek(int pos) const
     {
         require(pos + qsizetype(sizeof(T)));
-        return qFromLittleEndian<T>(_front() + pos);
+        return qFromLittleEndian<T>(m_front + pos);
     }
     template <typename T>
     T _get(int &pos) const
@@ -78,15 +89,19 @@ private:
         return value;
     }
 
-    QByteArray m_buffer;
-    qsizetype m_head = 0; // consumed bytes at the front of m_buffer
-    qint64 m_removed = 0; // consumed bytes that are no longer in m_buffer
+    QByteArray m_buffer;              // may share the memory of an array that is read in place
+    const char *m_front = nullptr;    // the first byte in m_buffer that has not been consumed
+    qsizetype m_size = 0;             // bytes in m_buffer from there on
+    qint64 m_offset = 0;              // bytes consumed in all
+    mutable qsizetype m_required = 0; // bytes that the last failed read needed
 };
 
 inline void cDataSplitter::require(qsizetype n) const
 {
-    if (n > size())
+    if (n > size()) {
+        m_required = n;
         throw QString();
+    }
 }
 
 #endif

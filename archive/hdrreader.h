@@ -10,45 +10,40 @@
 
 // Reads HDR records and rejects bytes that only begin like one.
 //
-// A chance magic in noise, or one made to do harm, may open a string that never ends. Waiting for
-// the end would lose everything that follows. So a string that is still open HDR_STRING_LIMIT bytes
-// after the magic's first byte means that the bytes are not a record.
+// A magic that occurs in noise, or was placed to do harm, may open a string that never ends.
+// Waiting for the end would lose everything that follows. So a string that is still open
+// HDR_STRING_LIMIT bytes after the magic's first byte means that the bytes are not a record.
 //
-// Inputs full of such magics are not slow. The search for zero bytes and for tags passes each byte
-// once, and a table entry is visited once, however many magics lead to it.
+// Many such magics are not slow, even if the strings of all of them run into the same bytes: the
+// reader searches each byte for zeros and tags only once, and it remembers where the entries of
+// stream tables lead.
 class cHdrReader
 {
 public:
-    // Reads the record at the front of data, where a HDR magic is. If it is a record, fills hdr,
-    // sets size to the record's length and returns true. If not, returns false: no record begins
-    // at the first `size` bytes, of which there is at least one. hdr is then undefined.
-    //
-    // Throws an empty QString if that depends on bytes that have not arrived. data may then only be
-    // appended to before the next call.
-    bool read(const cDataSplitter &data, HDR_T &hdr, qsizetype &size);
+    enum RESULT_T { RECORD, NO_RECORD, INCOMPLETE };
+
+    // Reads the record at the front of data, where a HDR magic is.
+    // RECORD: hdr is the record, and size its length.
+    // NO_RECORD: no record begins at the first `size` bytes, of which there is at least one.
+    // INCOMPLETE: the result depends on bytes that have not arrived.
+    RESULT_T read(const cDataSplitter &data, HDR_T &hdr, qsizetype &size);
 
 private:
-    void _requireOpenString(const cDataSplitter &data);
-    QByteArray _string(const cDataSplitter &data, int &pos);
     void _findLastZeros(const cDataSplitter &data);
-    qsizetype _openTitles(const cDataSplitter &data);
-    bool _overruns(const cDataSplitter &data, const HDR_T &hdr);
-    bool _tableOverruns(const cDataSplitter &data, qint64 tableEnd);
+    bool _isOpen(const cDataSplitter &data, const HDR_T &hdr, qsizetype &size);
+    bool _isTableOpen(const cDataSplitter &data, qint64 tableEnd);
 
-    // All offsets below count from the first byte of the archive.
+    // All offsets count from the first byte of the archive.
 
-    // A zero byte is needed at or after this offset before the record can be read, 0 if none is.
-    qint64 m_openString = 0;
-    // The last three zero bytes before m_zerosTo, the last one at the end. Entries are -1 if there
-    // were fewer.
+    // The last three zero bytes before m_zerosTo, in ascending order, -1 where there are fewer.
     std::array<qint64, 3> m_zeros = {-1, -1, -1};
     qint64 m_zerosTo = 0;
-    // No tag lies between the last zero byte and this offset.
+    // There is no tag between the last zero byte and this offset.
     qint64 m_tag = 0;
-    // For entries that lead to one that overran: the overrunning entry's offset. Entry offsets are
-    // taken modulo the size; a value below the entry's own offset belongs to another entry.
+    // For an entry of a table, a later one in the same chain of entries. Indexed by the entry's
+    // offset modulo TABLE_SIZE; a value that is less than the offset belongs to another entry.
     QList<qint64> m_leadsTo;
-    QList<qint64> m_path;
+    QList<qint64> m_path; // the entries visited for the current table
 };
 
 #endif

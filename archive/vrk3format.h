@@ -14,12 +14,13 @@
 // The first four bytes of HDR and IDX records.
 inline constexpr quint32 HDR_MAGIC = 0xB505B5B5; // B5 B5 05 B5 in the file
 inline constexpr quint32 IDX_MAGIC = 0xB5B5B505; // 05 B5 B5 B5 in the file
-// A byte that occurs in both magics.
-inline constexpr char MAGIC_MARK = 0x05;
+// Bytes 05 B5, which occur in both magics.
+inline constexpr quint16 MAGIC_MARK = 0xB505;
+inline constexpr qsizetype MAGIC_SIZE = 4;
 
 // If a string of a HDR record is still open at this offset from the record's first byte, the bytes
-// are not a record. The value is eight times the size of the largest record.
-inline constexpr int HDR_STRING_LIMIT = 1 << 20;
+// are not a record. The value is the size of the largest record.
+inline constexpr int HDR_STRING_LIMIT = 2 * 0xFFFF;
 
 // Offset of the title in a HDR record.
 inline constexpr int HDR_TITLE_OFFSET = 8;

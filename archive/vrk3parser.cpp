@@ -11,16 +11,34 @@ ACCOUNT_T cVrk3Parser::account() const
 {
     ACCOUNT_T account = m_account;
     account.buffered = m_data.size();
+    if (m_skipLeft > 0)
+        account.buffered += m_skippedHead + m_skipped.size - m_skipLeft;
     account.unfinishedBlocks = m_blocks.size();
     return account;
 }
 
+void cVrk3Parser::deliverOnly(quint8 id, quint8 type)
+{
+    m_only = id << 8 | type;
+}
+
 void cVrk3Parser::slot_Data(const QByteArray &a)
 {
-    m_data.append(a);
     m_account.received += a.size();
+    for (qsizetype pos = 0; pos < a.size();) {
+        pos = m_data.append(a, pos);
+        _parse();
+    }
+    m_data.release();
+}
+
+void cVrk3Parser::_parse()
+{
+    m_isWaiting = false;
     try {
-        for (;;) {
+        _skipBlock();
+        // No state can do anything with fewer bytes.
+        while (!m_isWaiting && m_data.size() >= MAGIC_SIZE) {
             if (m_state == STATE_HDR)
                 _parseHDR();
             else if (m_state == STATE_IDX)
@@ -35,15 +53,23 @@ void cVrk3Parser::slot_Data(const QByteArray &a)
 
 void cVrk3Parser::_parseHDR()
 {
-    _scan(HDR_MAGIC, HDR_MAGIC);
+    if (_scan(HDR_MAGIC, HDR_MAGIC) == 0)
+        return;
     HDR_T hdr;
     qsizetype size = 0;
-    if (!m_hdrReader.read(m_data, hdr, size)) {
+    switch (m_hdrReader.read(m_data, hdr, size)) {
+    case cHdrReader::INCOMPLETE:
+        m_isWaiting = true;
+        return;
+    case cHdrReader::NO_RECORD: {
         // The last header stays in force, so IDX records count again.
         const bool hasHeader = m_hdr.magic == HDR_MAGIC;
         m_state = hasHeader ? STATE_IDX : STATE_HDR;
         _drop(hasHeader ? m_data.find_quint32(IDX_MAGIC, IDX_MAGIC, MAGIC_MARK, size) : size);
         return;
+    }
+    case cHdrReader::RECORD:
+        break;
     }
     m_data.skip(size);
     m_account.hdr += size;
@@ -58,10 +84,11 @@ void cVrk3Parser::_parseHDR()
 
 void cVrk3Parser::_parseHDRIDX()
 {
-    if (_scan(IDX_MAGIC, HDR_MAGIC) == HDR_MAGIC) {
+    const quint32 magic = _scan(IDX_MAGIC, HDR_MAGIC);
+    if (magic == HDR_MAGIC)
         m_state = STATE_HDR;
+    if (magic != IDX_MAGIC)
         return;
-    }
     int pos = 0;
     IDX_T idx;
     idx.magic = m_data.get_quint32(pos);
@@ -86,21 +113,20 @@ void cVrk3Parser::_parseHDRIDXBLOCK()
         m_state = STATE_IDX;
         return;
     }
-    DATA_T &d = m_block;
+    const auto id = quint8(front >> 24);
+    const int entry = m_entryOf[id];
+    const int type = entry < 0 ? int(STREAM_NONE) : m_hdr.streams.at(entry).type;
+    if (!isStreamType(type)) {
+        m_state = STATE_IDX;
+        return;
+    }
+    const bool isDelivered = m_only < 0 || m_only == (id << 8 | type);
+    DATA_T &d = isDelivered ? m_block : m_skipped;
     int pos = 0;
     const int size = m_data.get_quint16(pos);
     d.size = size;
     d.flags = m_data.get_quint8(pos);
     d.streamId = m_data.get_quint8(pos);
-    if (d.stream.id != d.streamId || d.stream.type == STREAM_NONE)
-        d.stream = _lookupStream(d.streamId);
-    const int type = d.stream.type;
-    if (!isStreamType(type)) {
-        m_state = STATE_IDX;
-        return;
-    }
-    if ((d.flags >> FRAG_SHIFT) >= FRAG_FIRST)
-        m_offsetOf[d.streamId] = m_data.offset();
     d.extWord = 0;
     d.extByte1 = 0;
     d.extByte2 = 0;
@@ -112,15 +138,42 @@ void cVrk3Parser::_parseHDRIDXBLOCK()
             d.extWord = quint16(d.extWord % EXT_WORD_MODULUS);
     }
     const int head = pos;
+    if (!isDelivered) {
+        m_skippedHead = head;
+        m_skipLeft = head + size;
+        _skipBlock();
+        return;
+    }
+    if (d.stream.id != id || d.stream.type == STREAM_NONE)
+        d.stream = _lookupStream(id);
     m_data.get_block(pos, size, d.payload);
+    const int kind = d.flags >> FRAG_SHIFT;
+    if (kind == FRAG_FIRST)
+        m_firstOffset[id] = m_data.offset();
+    m_blockOffset = kind == FRAG_WHOLE ? m_data.offset() : m_firstOffset[id];
     m_data.skip(pos);
     m_account.heads += head;
     if (_completeBlock(d)) {
-        m_account.delivered += d.payload.size();
+        m_account.delivered += d.size;
         Q_EMIT signal_Data(d);
         if (d.size > size)
             d.payload = QByteArray(); // a joined payload may be large: free its memory
     }
+}
+
+// Skips the bytes of m_skipped that have arrived.
+void cVrk3Parser::_skipBlock()
+{
+    if (m_skipLeft == 0)
+        return;
+    const qsizetype n = qMin(m_skipLeft, m_data.size());
+    m_data.skip(n);
+    m_skipLeft -= n;
+    if (m_skipLeft > 0)
+        return;
+    m_account.heads += m_skippedHead;
+    if (_completeBlock(m_skipped))
+        m_account.delivered += m_skipped.size;
 }
 
 STREAM_T cVrk3Parser::_lookupStream(unsigned char id) const
@@ -139,46 +192,46 @@ bool cVrk3Parser::_completeBlock(DATA_T &d)
     if (kind == FRAG_FIRST) {
         if (open != m_blocks.end())
             _lose(*open);
-        m_account.unfinished += d.payload.size();
+        m_account.unfinished += d.size;
         m_blocks.insert(d.streamId, d);
         return false;
     }
     if (open == m_blocks.end()) {
-        m_account.lost += d.payload.size();
+        m_account.lost += d.size;
         ++m_account.lostBlocks;
         return false;
     }
-    m_account.unfinished += d.payload.size();
+    m_account.unfinished += d.size;
+    open->size += d.size;
     open->payload.append(d.payload);
     if (kind == FRAG_MIDDLE)
         return false;
+    d.size = open->size;
     d.payload = open->payload;
     d.flags |= quint8(FRAG_WHOLE << FRAG_SHIFT);
-    d.size = d.payload.size();
     d.extWord = open->extWord;
     d.extByte1 = open->extByte1;
     d.extByte2 = open->extByte2;
-    m_account.unfinished -= d.payload.size();
+    m_account.unfinished -= d.size;
     m_blocks.erase(open);
     return true;
 }
 
 void cVrk3Parser::_lose(const DATA_T &unfinished)
 {
-    m_account.unfinished -= unfinished.payload.size();
-    m_account.lost += unfinished.payload.size();
+    m_account.unfinished -= unfinished.size;
+    m_account.lost += unfinished.size;
     ++m_account.lostBlocks;
 }
 
-// Drops the bytes before the next a or b and returns the one found.
+// Drops the bytes before the next a or b. Returns the one found, 0 if it has not arrived.
 quint32 cVrk3Parser::_scan(quint32 a, quint32 b)
 {
-    quint32 front = m_data.peek_quint32();
-    if (front != a && front != b) {
-        _drop(m_data.find_quint32(a, b, MAGIC_MARK, m_data.size()));
-        front = m_data.peek_quint32();
-    }
-    return front;
+    const quint32 front = m_data.peek_quint32();
+    if (front == a || front == b)
+        return front;
+    _drop(m_data.find_quint32(a, b, MAGIC_MARK, m_data.size()));
+    return m_data.size() < MAGIC_SIZE ? 0 : m_data.peek_quint32();
 }
 
 void cVrk3Parser::_drop(qsizetype n)

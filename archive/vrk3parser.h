@@ -52,12 +52,17 @@ class cVrk3Parser : public QObject
 public:
     explicit cVrk3Parser(QObject *parent = nullptr);
 
+    // Limits signal_Data(DATA_T) to blocks of the stream with this id and type. The payload of
+    // other streams is then neither copied nor kept; everything else, including the account, stays
+    // the same. Call this before the first byte.
+    void deliverOnly(quint8 id, quint8 type);
+
     // How many runs of skipped bytes the account lists.
     static constexpr int STRETCH_MAX = 16;
     ACCOUNT_T account() const;
     // During signal_Data(DATA_T): the offset of the head of the block's first fragment, counted
     // from the first byte received.
-    qint64 blockOffset() const { return m_offsetOf[m_block.streamId]; }
+    qint64 blockOffset() const { return m_blockOffset; }
 
 public Q_SLOTS:
     // Takes the next bytes of the archive. They need not outlive the call.
@@ -71,12 +76,14 @@ Q_SIGNALS:
 private:
     enum { STATE_HDR, STATE_IDX, STATE_BLOCK };
 
+    void _parse();
     void _parseHDR();
     void _parseHDRIDX();
     void _parseHDRIDXBLOCK();
     bool _completeBlock(DATA_T &d);
     STREAM_T _lookupStream(unsigned char id) const;
 
+    void _skipBlock();
     quint32 _scan(quint32 a, quint32 b);
     void _drop(qsizetype n);
     void _lose(const DATA_T &unfinished);
@@ -88,13 +95,21 @@ private:
     cDataSplitter m_data;
 
     cHdrReader m_hdrReader;
+    bool m_isWaiting = false; // for more bytes of a HDR record
 
     // Index of each id's first entry in m_hdr.streams, -1 if it has none.
     std::array<int, 256> m_entryOf;
     // The current block. It keeps its memory and its stream from one block to the next.
     DATA_T m_block;
-    // Offset of the last first or whole fragment of each stream.
-    std::array<qint64, 256> m_offsetOf = {};
+    qint64 m_blockOffset = 0; // of its first fragment
+    // Offset of the last first fragment of each stream.
+    std::array<qint64, 256> m_firstOffset = {};
+    // The stream to deliver, as id << 8 | type, -1 for all of them.
+    int m_only = -1;
+    // The current or last block of another stream. Its payload is always empty.
+    DATA_T m_skipped;
+    int m_skippedHead = 0;    // size of its head
+    qsizetype m_skipLeft = 0; // bytes of it, head included, that have not been skipped
     ACCOUNT_T m_account;
     qint64 m_stretchEnd = 0; // offset after the last byte that was skipped
 };

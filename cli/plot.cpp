@@ -42,6 +42,7 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
         return result;
 
     cTrackReader reader;
+    reader.skipOtherStreams();
     cTrackPicture picture(displayName(QFileInfo(archive.name).fileName(), u"standard input"_s));
     QObject::connect(&reader.parser(), SIGNAL(signal_Data(HDR_T)), &picture,
                      SLOT(slot_Data(HDR_T)));

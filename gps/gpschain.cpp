@@ -23,6 +23,7 @@ std::unique_ptr<cTrackWriter> _writer(const QString &filter)
 
 cGpsChain::cGpsChain(const QString &filter, QObject *sink) : m_writer(_writer(filter))
 {
+    m_parser.deliverOnly(GPS_STREAM_ID, GPS_STREAM_TYPE);
     QObject::connect(&m_parser, SIGNAL(signal_Data(DATA_T)), &m_raw, SLOT(slot_Data(DATA_T)));
     const QObject *tail = &m_raw;
     if (m_writer) {

@@ -20,6 +20,7 @@ public:
     // text. The sink has a slot slot_Data(const QByteArray &) and is not owned.
     cGpsChain(const QString &filter, QObject *sink);
 
+    // Delivers the blocks of the GPS stream only.
     cVrk3Parser &parser() { return m_parser; }
     const cGpsRaw &raw() const { return m_raw; }
     // The writer's decoder, owned by the chain; null for raw text.
