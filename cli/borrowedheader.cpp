@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qsizetype MAGIC_SIZE = 4;
 constexpr qsizetype HEAD_SIZE = 4;
 constexpr qsizetype EXT_HEAD_SIZE = 8; // of a block with an extension
 constexpr qsizetype MAX_PAYLOAD = 0xFFFF;
