@@ -1,6 +1,6 @@
-"""Times the programs side by side with something that people know, and prints a table.
+"""Times the programs next to well-known ones and prints a table.
 
-Usage: bench/compare [ROW...]    all rows without one
+Usage: bench/compare [ROW...]    without ROW, all rows
 """
 import contextlib
 import os
@@ -10,53 +10,49 @@ import sys
 import tempfile
 import time
 
-import measure
-from measure import VRK3, VRKTRK, WORK, make_input, pairs, run
+from measure import (RUNS, VRK3, VRKTRK, WORK, Cost, convert, make_input, median_of, pairs, print_heading,
+                     print_row, run)
 from Xlib import X, display
 
-RUNS = 5
 GPSBABEL_FORMAT = {"gpx": "gpx", "plt": "ozi", "kml": "kml"}
 
 
-def convert(to, archive, output="-"):
-    return run(VRK3, "convert", "-q", "--overwrite", "--to", to, "-o", output, archive)
-
-
 def row(name, what, against, figure, a, b, ratio, goal):
-    print(f"| `{name}` | {what} | {against} | {figure} | {a:.3f} s | {b:.3f} s | {ratio} | {goal} |",
-          flush=True)
+    print_row(f"`{name}`", what, against, figure, f"{a:.3f} s", f"{b:.3f} s", ratio, goal)
 
 
 def walk(name, what, kind, goal="at most 5"):
-    """A gibibyte from end to end, for its raw text, against cat."""
+    """Reads a gibibyte for its raw text, compared with cat."""
     archive = make_input(kind, 1024)
-    a, b = pairs(lambda: convert("raw", archive), lambda: run("cat", archive), RUNS)
+    a, b = pairs(lambda: convert("raw", archive), lambda: run("cat", archive))
     row(name, what, "`cat`", "CPU", a.cpu, b.cpu, f"{a.cpu / b.cpu:.1f} times", goal)
 
 
 def blocks(name, what, kind):
-    """What one block costs, by very many small ones."""
+    """Measures the cost of one block in an archive of very many small ones."""
     archive = make_input(kind, 1024)
-    cost = measure.median_of(lambda: convert("raw", archive), RUNS)
+    cost = median_of(lambda: convert("raw", archive))
     count = archive.stat().st_size / 40
     row(name, what, "a block", "CPU", cost.cpu, cost.cpu / count,
-        f"{cost.cpu / count * 1e9:.0f} ns a block", "40 ns")
+        f"{cost.cpu / count * 1e9:.0f} ns per block", "40 ns")
 
 
 def track(name, what, to):
-    """Receiver text to a track: the text alone for gpsbabel, in an archive for vrk3. The outputs lie in
-    memory, for it is not the disk that is compared."""
+    """Converts receiver text to a track; gpsbabel reads the plain text, vrk3 an archive with it.
+
+    The outputs are in memory, because this does not compare disks.
+    """
     text, archive = make_input("text", 64), make_input("receiver", 64)
     with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:
         a, b = pairs(lambda: convert(to, archive, f"{folder}/vrk3.{to}"),
                      lambda: run("gpsbabel", "-i", "nmea", "-f", text, "-o", GPSBABEL_FORMAT[to],
-                                 "-F", f"{folder}/gpsbabel.{to}"), 3)
+                                 "-F", f"{folder}/gpsbabel.{to}"), runs=3)
     row(name, what, "`gpsbabel`", "wall", a.wall, b.wall, f"{b.wall / a.wall:.0f} times faster",
         "30, better 60" if to == "gpx" else "-")
 
 
 def many(name, what):
-    """A thousand archives on two processors, against one. The outputs are in memory."""
+    """Converts a thousand archives on two processors and on one. The outputs are in memory."""
     archive = make_input("receiver", 1)
     with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:
         archives = pathlib.Path(folder, "archives")
@@ -64,20 +60,20 @@ def many(name, what):
         for i in range(1000):
             (archives / f"{i}.vrk3").symlink_to(archive)
         a, b = pairs(*(lambda jobs=jobs: run(VRK3, "convert", "-qyj", jobs, "-d", folder, archives)
-                       for jobs in (2, 1)), 3)
+                       for jobs in (2, 1)), runs=3)
     row(name, what, "one", "wall", a.wall, b.wall, f"{b.wall / a.wall:.2f} times faster", "1.7")
 
 
 @contextlib.contextmanager
 def virtual_screen(manager):
-    """An X server of its own, with a window manager or without, that DISPLAY names meanwhile."""
+    """Runs an X server, with a window manager if asked, and sets DISPLAY to it."""
     read, write = os.pipe()
     quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
     server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x1024x24"],
                               pass_fds=[write], **quiet)
     os.environ["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
     processes = [server] + ([subprocess.Popen(["openbox"], **quiet)] if manager else [])
-    # A home of its own: the window is to stand where it stands at its first start.
+    # A separate home, so that the window opens where it does on its first start.
     os.environ["HOME"] = str(WORK / "home")
     pathlib.Path(os.environ["HOME"]).mkdir(parents=True, exist_ok=True)
     try:
@@ -89,14 +85,14 @@ def virtual_screen(manager):
 
 
 def press(title, *keys):
-    """Presses keys, of which the last closes it, in the window of this title, once it is there."""
+    """Waits for the window with this title and presses keys in it; the last one must close it."""
     def find():
         return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], check=False,
                               capture_output=True, text=True).stdout.split("\n")[0]
 
     while not find():
         time.sleep(0.05)
-    # A window that has only just come may miss a key.
+    # A new window can miss a key, so the last one is repeated.
     while found := find():
         subprocess.run(["xdotool", "windowactivate", found, "key", *keys], check=False,
                        stderr=subprocess.DEVNULL)
@@ -105,39 +101,38 @@ def press(title, *keys):
 
 
 def through_window(to, archive):
-    """The road of a person: the format, OK, Return in the Save dialog, the run, the end."""
+    """Converts an archive as a user does: the format, OK, and Return in the Save dialog."""
     proposal = archive.with_suffix({"gpx": ".gpx", "raw": ".txt"}[to])
     proposal.unlink(missing_ok=True)
 
-    def person():
+    def user():
         press("^VrkTrk$", *(["Down"] if to == "gpx" else []), "Return")
         press("^Save$", "Return")
 
-    cost = run(VRKTRK, archive.name, cwd=archive.parent, meanwhile=person)
+    cost = run(VRKTRK, archive.name, cwd=archive.parent, meanwhile=user)
     if not proposal.exists():
         raise RuntimeError(f"the window did not write {proposal}")
     return cost
 
 
 def window(name, what, kind, mebibytes, to):
-    """The window's run against that of vrk3, each less what an empty archive costs."""
+    """Compares the window with vrk3, each without the cost of converting an empty archive."""
     archive, nothing = make_input(kind, mebibytes), WORK / "nothing.vrk3"
     nothing.touch()
     output = WORK / f"vrk3.{to}"
     with virtual_screen(manager=True):
-        a, b = pairs(lambda: through_window(to, archive), lambda: convert(to, archive, output), RUNS)
-        a0, b0 = pairs(lambda: through_window(to, nothing), lambda: convert(to, nothing, output),
-                       RUNS)
+        a, b = pairs(lambda: through_window(to, archive), lambda: convert(to, archive, output))
+        a0, b0 = pairs(lambda: through_window(to, nothing), lambda: convert(to, nothing, output))
     a, b = a.cpu - a0.cpu, b.cpu - b0.cpu
     row(name, what, "`vrk3`", "CPU", a, b, f"{a / b:.2f} times", "at most 1.3")
 
 
 def first_paint(*command):
-    """From the start of a program until something of it is seen on an empty screen."""
+    """Measures the time from the start of a program until an empty screen changes."""
     screen = display.Display()
 
     def look():
-        # One strip through where our window opens, one through the middle, where dialogs do.
+        # One strip crosses the place where our window opens, the other the middle, where dialogs open.
         root = screen.screen().root
         return [root.get_image(0, y, 1280, 8, X.ZPixmap, 0xFFFFFFFF).data for y in (200, 512)]
 
@@ -147,15 +142,16 @@ def first_paint(*command):
                                cwd=WORK)
     while look() == before:
         pass
-    took = measure.Cost(wall=time.monotonic() - begin)
+    cost = Cost(wall=time.monotonic() - begin)
     process.kill()
     process.wait()
     while look() != before:
         pass
-    return took
+    return cost
 
 
 def start(name, what):
+    """Compares the start of the window with that of a small dialog."""
     archive = make_input("others", 1)
     with virtual_screen(manager=False):
         a, b = pairs(lambda: first_paint(VRKTRK, archive.name),
@@ -163,6 +159,7 @@ def start(name, what):
     row(name, what, "`zenity --info`", "wall", a.wall, b.wall, f"{a.wall / b.wall:.2f} times", "-")
 
 
+# The name of each row, its function and the arguments after the name.
 ROWS = {
     "walk-others": (walk, "1 GiB, most of it other streams", "others"),
     "walk-noise": (walk, "1 GiB of noise", "noise"),
@@ -174,18 +171,15 @@ ROWS = {
     "track-plt": (track, "64 MiB of receiver text to PLT", "plt"),
     "track-kml": (track, "64 MiB of receiver text to KML", "kml"),
     "many": (many, "1,000 archives of 1 MiB to GPX, two at once"),
-    "window-gpx": (window, "the window's run, 64 MiB of receiver text to GPX", "receiver", 64, "gpx"),
-    "window-raw": (window, "the window's run, 1 GiB, most of it other streams", "others", 1024,
-                   "raw"),
-    "start": (start, "start of the window to its first paint"),
+    "window-gpx": (window, "the window, 64 MiB of receiver text to GPX", "receiver", 64, "gpx"),
+    "window-raw": (window, "the window, 1 GiB, most of it other streams", "others", 1024, "raw"),
+    "start": (start, "from the start of the window to its first paint"),
 }
 
 chosen = sys.argv[1:] or list(ROWS)
-if not set(chosen) <= set(ROWS):
-    sys.exit(f"rows: {' '.join(ROWS)}")
-print(f"Measured on {measure.machine()}: medians of {RUNS} runs or more, in turn.\n")
-print("| Row | What | Beside | Figure | VrkTrk | The other | Ratio | Goal |")
-print("| --- | --- | --- | --- | --- | --- | --- | --- |")
+if unknown := set(chosen) - set(ROWS):
+    sys.exit(f"{__doc__}\nUnknown: {' '.join(unknown)}\nRows: {' '.join(ROWS)}")
+print_heading("Row", "What", "Compared with", "Figure", "VrkTrk", "The other", "Ratio", "Goal")
 for chosen_row in chosen:
     function, *arguments = ROWS[chosen_row]
     function(chosen_row, *arguments)

@@ -1,12 +1,12 @@
-# What ./run, ./test and .ci/run share; they source it from the root of the tree.
+# Shared by ./run, ./test, .ci/run and other scripts, which source it from the root of the tree.
 # shellcheck shell=bash
 
-# What each kind of work needs of Debian 12 beyond its base system.
+# The Debian 12 packages for each kind of work, beyond the base system.
 declare -A packages=(
-    [build]="g++ cmake ninja-build qt6-base-dev qt6-positioning-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
-             qt6-translations-l10n librsvg2-bin dpkg-dev file gettext appstream
-             shared-mime-info"
-    # A virtual desktop, with the means to press, type and look on it.
+    [build]="g++ cmake ninja-build qt6-base-dev qt6-positioning-dev qt6-tools-dev qt6-tools-dev-tools
+             qt6-l10n-tools qt6-translations-l10n gettext"
+    [packages]="build-essential debhelper librsvg2-bin appstream shared-mime-info"
+    # A virtual desktop, and programs to type, click and take pictures on it.
     [desktop]="xvfb x11-utils xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core
                python3 python3-gi gir1.2-atspi-2.0 locales util-linux"
     [wayland]="qt6-wayland"
@@ -20,7 +20,7 @@ as_root() {
     if [[ $(id -u) == 0 ]]; then "$@"; else sudo "$@"; fi
 }
 
-# need_packages KIND...: installs what is missing of these kinds; touches nothing if nothing is.
+# need_packages KIND...: installs the missing packages of these kinds.
 need_packages() {
     local kind package missing=()
     for kind; do
@@ -37,7 +37,7 @@ need_packages() {
     fi
 }
 
-# need_locales NAME...: makes the UTF-8 locales of these names that the machine lacks.
+# need_locales NAME...: creates those UTF-8 locales that do not exist.
 need_locales() {
     local name
     for name; do
@@ -46,7 +46,7 @@ need_locales() {
     done
 }
 
-# build PRESET [FOLDER...]: configures build/PRESET and builds what is in these folders, or all.
+# build PRESET [TARGET...]: configures build/PRESET and builds these targets, or all.
 build() {
     cmake --preset "$1"
     cmake --build --preset "$1" -j "$(nproc)" ${2+--target "${@:2}"}

@@ -1,7 +1,6 @@
 #!/bin/sh
-# spare_root.sh COMMAND...: runs a command as root on a spare copy of the machine. What it changes
-# below /usr, /etc and /var is gone when it ends. Where the system does not let us make such a copy,
-# as in most containers, it runs on the machine itself.
+# spare_root.sh COMMAND...: runs a command as root on a temporary copy of /usr, /etc and /var. Where the
+# system does not permit such a copy, as in most containers, it runs on the machine itself.
 [ "$(id -u)" = 0 ] || exec sudo -E "$0" "$@"
 
 SPARE=$(mktemp -d)
@@ -14,7 +13,7 @@ copy='mount -t tmpfs spare "$SPARE" &&
               "lowerdir=/$folder,upperdir=$SPARE/$folder/changed,workdir=$SPARE/$folder/work" || exit
       done'
 if unshare --mount sh -c "$copy" 2>/dev/null; then
-    # Only here it is nobody's loss.
+    # An installed vrktrk is removed from the copy only.
     purge='dpkg --purge vrktrk >"$SPARE/log" 2>&1'
     unshare --mount sh -c "$copy; $purge; exec \"\$@\"" sh "$@"
 else
