@@ -128,14 +128,15 @@ bool cOutputFile::finish()
     if (m_finished || !isOpen() || !flush())
         return m_error.isEmpty();
     m_finished = true;
-    if (!m_file.isOpen()) {
-        const int fd = std::exchange(m_fd, -1);
+    m_buffer = QByteArray(); // many finished files may wait for their names
+    // m_file closes its descriptor when it is renamed. Another thread may then get the number.
+    const int fd = std::exchange(m_fd, -1);
+    if (!m_file.isOpen())
         return ::close(fd) == 0 || _failBySystem();
-    }
     // Failure is harmless: the file systems of memory cards have no permissions to set.
-    (void)::fchmod(m_fd, m_mode);
+    (void)::fchmod(fd, m_mode);
     // A full disk may show only here, so this comes before the file gets its name.
-    return ::fsync(m_fd) == 0 || _failBySystem();
+    return ::fsync(fd) == 0 || _failBySystem();
 }
 
 bool cOutputFile::commit()
