@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 int _key(const STREAM_T &stream)
@@ -19,13 +21,25 @@ cContents::cContents(QObject *parent) : QObject(parent)
     connect(&m_reader.parser(), SIGNAL(signal_Data(DATA_T)), SLOT(slot_Data(DATA_T)));
     connect(&m_reader.raw(), SIGNAL(signal_Data(QByteArray)), &m_names,
             SLOT(slot_Data(QByteArray)));
+    connect(&m_reader.parser(), SIGNAL(signal_Data(HDR_T)), &m_check, SLOT(slot_Data(HDR_T)));
+    connect(&m_reader.raw(), SIGNAL(signal_Data(QByteArray)), &m_check,
+            SLOT(slot_Data(QByteArray)));
+    connect(&m_reader.raw(), SIGNAL(signal_Data(QByteArray)), &m_fixReader,
+            SLOT(slot_Data(QByteArray)));
+    connect(&m_fixReader, SIGNAL(signal_Data(FIX_T)), &m_track, SLOT(slot_Data(FIX_T)));
 }
 
 QString cContents::read(const ARCHIVE_T &archive, cProgress &progress)
 {
     m_archive = archive.name;
-    const QString failure = m_reader.read(archive, progress);
-    return failure.isEmpty() ? whyNoArchive(account()) : failure;
+    QString failure = m_reader.read(archive, progress);
+    m_fixReader.finish();
+    m_track.finish();
+    m_summary = summarize(m_track);
+    m_warnings = m_check.warnings(sentences(), u"the window"_s, u"gpx kml"_s);
+    if (failure.isEmpty())
+        failure = whyNoArchive(account());
+    return failure.isEmpty() ? m_track.error() : failure;
 }
 
 void cContents::slot_Data(const HDR_T &hdr)

@@ -2,8 +2,12 @@
 #define CONTENTS_H
 
 #include "cli/headertext.h"
+#include "cli/readingcheck.h"
 #include "cli/sentencenames.h"
 #include "cli/trackreader.h"
+#include "track/fixreader.h"
+#include "track/track.h"
+#include "track/tracksummary.h"
 
 #include <QList>
 #include <QMap>
@@ -55,7 +59,12 @@ public:
     const ACCOUNT_T &account() const { return m_reader.account(); }
     const NMEA_ACCOUNT_T &sentences() const { return m_reader.nmea().account(); }
     const cSentenceNames &unread() const { return m_names; }
+    // The points that the window finds.
     const cTrackStats &stats() const { return m_reader.stats(); }
+    // The track that the receiver sent.
+    const TRACK_SUMMARY_T &track() const { return m_summary; }
+    // What is wrong with the points, if anything.
+    const QStringList &warnings() const { return m_warnings; }
 
     static constexpr qsizetype MAX_TITLES = 16;
     static constexpr qsizetype MAX_STREAMS = 256;
@@ -78,6 +87,11 @@ private:
     qint64 m_idxRecords = 0;
     cTrackReader m_reader;
     cSentenceNames m_names;
+    cReadingCheck m_check{m_reader.stats()};
+    cFixReader m_fixReader;
+    cTrack m_track;
+    TRACK_SUMMARY_T m_summary;
+    QStringList m_warnings;
 };
 
 #endif

@@ -3,13 +3,17 @@
 #include "cli/contents.h"
 #include "cli/summary.h"
 
+#include <QGeoCoordinate>
 #include <QJsonArray>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 constexpr double METRES_PER_KILOMETRE = 1000;
+constexpr double KMH_PER_MPS = 3.6;
 
 template <typename T>
 QJsonArray _texts(const T &texts)
@@ -53,6 +57,46 @@ QJsonObject _sentences(const NMEA_ACCOUNT_T &account)
     return sentences;
 }
 
+QJsonObject _box(double south, double west, double north, double east)
+{
+    return {{u"south"_s, south}, {u"west"_s, west}, {u"north"_s, north}, {u"east"_s, east}};
+}
+
+// Without the digits that are only due to the conversion from minutes.
+double _degrees(double value)
+{
+    constexpr double parts = 1e9;
+    return std::round(value * parts) / parts;
+}
+
+QJsonObject _track(const TRACK_SUMMARY_T &track)
+{
+    const auto timeOrNull = [](const std::optional<qint64> &time) {
+        return time ? QJsonValue(QLatin1StringView(timeText(*time))) : QJsonValue();
+    };
+    const auto numberOrNull = [](double value) {
+        return std::isnan(value) ? QJsonValue() : QJsonValue(value);
+    };
+    QJsonObject object{{u"fixes"_s, track.fixes},
+                       {u"segments"_s, track.segments},
+                       {u"first"_s, timeOrNull(track.first)},
+                       {u"last"_s, timeOrNull(track.last)},
+                       {u"seconds"_s, QJsonValue::Null},
+                       {u"box"_s, QJsonValue::Null},
+                       {u"kilometres"_s, track.metres / METRES_PER_KILOMETRE},
+                       {u"topKilometresPerHour"_s, numberOrNull(track.topSpeed * KMH_PER_MPS)},
+                       {u"lowestMetres"_s, numberOrNull(track.lowest)},
+                       {u"highestMetres"_s, numberOrNull(track.highest)}};
+    if (track.first && track.last)
+        object[u"seconds"_s] = double(*track.last - *track.first) / MS_PER_SECOND;
+    if (track.fixes > 0)
+        object[u"box"_s] = _box(_degrees(track.box.bottomLeft().latitude()),
+                                _degrees(track.box.bottomLeft().longitude()),
+                                _degrees(track.box.topRight().latitude()),
+                                _degrees(track.box.topRight().longitude()));
+    return object;
+}
+
 QJsonObject _gps(const cContents &contents)
 {
     const cSentenceNames &names = contents.unread();
@@ -70,7 +114,8 @@ QJsonObject _gps(const cContents &contents)
                     {u"first"_s, QJsonValue::Null},
                     {u"last"_s, QJsonValue::Null},
                     {u"box"_s, QJsonValue::Null},
-                    {u"kilometres"_s, stats.metres() / METRES_PER_KILOMETRE}};
+                    {u"kilometres"_s, stats.metres() / METRES_PER_KILOMETRE},
+                    {u"track"_s, _track(contents.track())}};
     if (stats.located() > 0) {
         const auto timeOrNull = [](const nmea_data &n) {
             const QString time = pointTime(n);
@@ -78,10 +123,7 @@ QJsonObject _gps(const cContents &contents)
         };
         gps[u"first"_s] = timeOrNull(stats.first());
         gps[u"last"_s] = timeOrNull(stats.last());
-        gps[u"box"_s] = QJsonObject{{u"south"_s, stats.south()},
-                                    {u"west"_s, stats.west()},
-                                    {u"north"_s, stats.north()},
-                                    {u"east"_s, stats.east()}};
+        gps[u"box"_s] = _box(stats.south(), stats.west(), stats.north(), stats.east());
     }
     return gps;
 }

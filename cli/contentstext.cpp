@@ -4,11 +4,16 @@
 #include "cli/messages.h"
 #include "cli/summary.h"
 
+#include <QGeoCoordinate>
+
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace
 {
 constexpr double METRES_PER_KILOMETRE = 1000;
+constexpr double KMH_PER_MPS = 3.6;
 
 QString _latitude(double value)
 {
@@ -69,31 +74,46 @@ QString _sentences(const cContents &contents)
     return text;
 }
 
-QString _times(const cTrackStats &stats)
+// The window's reading: only what tells whether it is right.
+QString _points(const cTrackStats &stats)
 {
-    const QString first = pointTime(stats.first());
-    const QString last = pointTime(stats.last());
-    const QString none = u"none"_s;
-    if (first.isEmpty() && last.isEmpty())
-        return none;
-    return u"%1 to %2"_s.arg(first.isEmpty() ? none : first, last.isEmpty() ? none : last);
-}
-
-QString _track(const cTrackStats &stats)
-{
-    QString points = QString::number(stats.points());
+    QString points = counted(stats.points(), "point");
     if (stats.points() > stats.located())
         points += u", %1 of them without a fix"_s.arg(stats.points() - stats.located());
-    QString text = _line("Points", points);
-    if (stats.located() == 0)
+    return _line("Window", points);
+}
+
+// Hours, minutes and seconds.
+QString _duration(qint64 milliseconds)
+{
+    const qint64 seconds = milliseconds / MS_PER_SECOND;
+    return QString::asprintf("%lld:%02d:%02d", seconds / 3600, int(seconds / 60 % 60),
+                             int(seconds % 60));
+}
+
+QString _track(const TRACK_SUMMARY_T &track)
+{
+    QString text = _line(
+        "Track", u"%1 in %2"_s.arg(countedFixes(track.fixes), counted(track.segments, "segment")));
+    if (track.fixes == 0)
         return text;
-    text += _line("Time", _times(stats));
+    text += _line("Time", timeSpan(track));
+    if (track.first && track.last)
+        text += _line("Duration", _duration(*track.last - *track.first));
+    const QGeoCoordinate southWest = track.box.bottomLeft(), northEast = track.box.topRight();
+    text += _line("Latitude", u"%1 to %2"_s.arg(_latitude(southWest.latitude()),
+                                                _latitude(northEast.latitude())));
+    text += _line("Longitude", u"%1 to %2"_s.arg(_longitude(southWest.longitude()),
+                                                 _longitude(northEast.longitude())));
     text +=
-        _line("Latitude", u"%1 to %2"_s.arg(_latitude(stats.south()), _latitude(stats.north())));
-    text +=
-        _line("Longitude", u"%1 to %2"_s.arg(_longitude(stats.west()), _longitude(stats.east())));
-    const double kilometres = stats.metres() / METRES_PER_KILOMETRE;
-    return text + _line("Length", QString::number(kilometres, 'f', 3) + u" km"_s);
+        _line("Length", QString::number(track.metres / METRES_PER_KILOMETRE, 'f', 3) + u" km"_s);
+    if (!std::isnan(track.topSpeed))
+        text +=
+            _line("Top speed", QString::number(track.topSpeed * KMH_PER_MPS, 'f', 1) + u" km/h"_s);
+    if (!std::isnan(track.lowest))
+        text += _line("Altitude",
+                      u"%1 to %2 m"_s.arg(track.lowest, 0, 'f', 1).arg(track.highest, 0, 'f', 1));
+    return text;
 }
 
 QString _damage(const ACCOUNT_T &account)
@@ -135,6 +155,6 @@ QString contentsText(const cContents &contents)
         text += _line(qPrintable(u"Text %1"_s.arg(it.key())), it.value().shown());
     text +=
         _line("Records", u"%1 HDR, %2 IDX"_s.arg(contents.hdrRecords()).arg(contents.idxRecords()));
-    return text + _streams(contents) + _sentences(contents) + _track(contents.stats()) +
-           _damage(contents.account());
+    return text + _streams(contents) + _sentences(contents) + _points(contents.stats()) +
+           _track(contents.track()) + _damage(contents.account());
 }

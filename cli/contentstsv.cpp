@@ -3,7 +3,6 @@
 #include "cli/contents.h"
 #include "cli/messages.h"
 #include "cli/summary.h"
-#include "gps/tracktext.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,20 +24,17 @@ QString contentsTsvHeader()
 
 QString contentsTsv(const cContents &contents)
 {
-    const cTrackStats &stats = contents.stats();
-    QString first;
-    QString last;
-    QString seconds;
-    if (stats.located() > 0) {
-        first = pointTime(stats.first());
-        last = pointTime(stats.last());
-    }
-    if (!first.isEmpty() && !last.isEmpty())
-        seconds = QString::number(nearestSecond(stats.last()) - nearestSecond(stats.first()));
+    const TRACK_SUMMARY_T &track = contents.track();
+    const auto time = [](const std::optional<qint64> &value) {
+        return value ? QString::fromLatin1(timeText(*value)) : QString();
+    };
+    const QString seconds = track.first && track.last
+                                ? QString::number((*track.last - *track.first) / MS_PER_SECOND)
+                                : QString();
     const cHeaderText title = contents.titles().value(0);
     const ACCOUNT_T account = contents.account();
-    return _line({printable(contents.archive()), printable(title.shown()), first, last, seconds,
-                  QString::number(stats.located()),
-                  QString::number(stats.metres() / METRES_PER_KILOMETRE, 'f', 3),
+    return _line({printable(contents.archive()), printable(title.shown()), time(track.first),
+                  time(track.last), seconds, QString::number(track.fixes),
+                  QString::number(track.metres / METRES_PER_KILOMETRE, 'f', 3),
                   QString::number(account.received), QString::number(uselessBytes(account))});
 }

@@ -2,6 +2,7 @@
 
 #include "cli/feed.h"
 #include "cli/messages.h"
+#include "cli/readingcheck.h"
 #include "cli/summary.h"
 #include "cli/trackstats.h"
 #include "gps/gpschain.h"
@@ -89,6 +90,7 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
     if (!output->isOpen())
         return result;
     cTrackStats stats;
+    cReadingCheck check(stats);
     bool hasPoints = false;
     {
         // The chain sends its last bytes when it is destroyed.
@@ -96,10 +98,18 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
         QObject::connect(&chain.raw(), SIGNAL(signal_Data(QByteArray)), &stats,
                          SLOT(slot_Data(QByteArray)));
         hasPoints = chain.decoder() != nullptr;
-        if (hasPoints)
+        if (hasPoints) {
             QObject::connect(chain.decoder(), SIGNAL(signal_Data(nmea_data)), &stats,
                              SLOT(slot_Data(nmea_data)));
+            QObject::connect(&chain.parser(), SIGNAL(signal_Data(HDR_T)), &check,
+                             SLOT(slot_Data(HDR_T)));
+            QObject::connect(&chain.raw(), SIGNAL(signal_Data(QByteArray)), &check,
+                             SLOT(slot_Data(QByteArray)));
+        }
         feed.run(chain.parser(), progress, output.get());
+        if (hasPoints)
+            result.warnings =
+                check.warnings(chain.decoder()->account(), u"this format"_s, extension);
     }
     if (output->error().isEmpty()) {
         result.failure = feed.error().isEmpty() ? whyNoTrack(feed.account(), stats) : feed.error();

@@ -54,6 +54,7 @@ RESULT_T cInfo::process(const ARCHIVE_T &archive, cProgress &progress) const
     result.failure = contents.read(archive, progress);
     if (!result.failure.isEmpty())
         return result;
+    result.warnings = contents.warnings();
     if (m_form == TEXT)
         result.output = contentsText(contents).toUtf8();
     else if (m_form == TSV)

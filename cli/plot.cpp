@@ -1,11 +1,8 @@
 #include "cli/plot.h"
 
-#include "cli/messages.h"
 #include "cli/summary.h"
 #include "cli/trackpicture.h"
-#include "cli/trackreader.h"
-
-#include <QFileInfo>
+#include "cli/tracksource.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,27 +38,21 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
     if (!output->isOpen())
         return result;
 
-    cTrackReader reader;
-    reader.skipOtherStreams();
-    cTrackPicture picture(displayName(QFileInfo(archive.name).fileName(), u"standard input"_s));
-    QObject::connect(&reader.parser(), SIGNAL(signal_Data(HDR_T)), &picture,
-                     SLOT(slot_Data(HDR_T)));
-    QObject::connect(&reader.nmea(), SIGNAL(signal_Data(nmea_data)), &picture,
-                     SLOT(slot_Data(nmea_data)));
-    const cTrackStats &stats = reader.stats();
-    result.failure = reader.read(archive, progress);
-    const ACCOUNT_T &account = reader.account();
+    cTrackSource source;
+    result.failure = source.read(archive, progress);
     if (result.failure.isEmpty())
-        result.failure = whyNoTrack(account, stats);
-    if (result.failure.isEmpty() && stats.located() == 0)
-        result.failure = u"no point has a position"_s;
+        result.failure = source.finish();
     if (!result.failure.isEmpty())
         return result;
-    const QByteArray svg = picture.svg(stats);
+    const QByteArray svg = cTrackPicture(source.track(), source.title()).svg();
     if (svg.isEmpty())
         return {u"the picture cannot be written as XML"_s};
+    const TRACK_SUMMARY_T summary = summarize(source.track());
+    // Walking through a long track reads a temporary file.
+    if (!source.track().error().isEmpty())
+        return {source.track().error()};
     output->slot_Data(svg);
     output->finish();
-    result.summary = trackSummary(counted(stats.points(), "point"), stats, account, output->name());
+    result.summary = trackSummary(summary, output->name());
     return result;
 }

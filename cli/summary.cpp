@@ -38,15 +38,17 @@ QString pointTime(const nmea_data &n)
                              t->minute, t->second);
 }
 
-QString timeSpan(const cTrackStats &stats, bool withDate)
+namespace
+{
+// "12:01:07 to 13:20:44 UTC", with dates if they differ. At least one point must have a position.
+QString _span(const cTrackStats &stats)
 {
     constexpr int dateLength = 10;
     QString first = pointTime(stats.first());
     QString last = pointTime(stats.last());
     if (first.isEmpty() || last.isEmpty())
         return u"times unknown"_s;
-    const QString date = first.left(dateLength);
-    const bool sameDay = last.startsWith(date);
+    const bool sameDay = last.startsWith(first.left(dateLength));
     for (QString *time : {&first, &last}) {
         time->chop(1); // the Z
         if (sameDay)
@@ -54,14 +56,14 @@ QString timeSpan(const cTrackStats &stats, bool withDate)
         else
             time->replace(dateLength, 1, u' ');
     }
-    const QString span = u"%1 to %2 UTC"_s.arg(first, last);
-    return sameDay && withDate ? date + u", "_s + span : span;
+    return u"%1 to %2 UTC"_s.arg(first, last);
 }
+} // namespace
 
 QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCOUNT_T &account,
                      const QString &output)
 {
-    const QString span = stats.located() > 0 ? timeSpan(stats) + u", "_s : QString();
+    const QString span = stats.located() > 0 ? _span(stats) + u", "_s : QString();
     return u"%1, %2%3 skipped -> %4"_s.arg(amount, span, counted(uselessBytes(account), "byte"),
                                            displayName(output, u"standard output"_s));
 }
@@ -71,18 +73,20 @@ QString countedFixes(qint64 count)
     return count == 1 ? u"1 fix"_s : u"%1 fixes"_s.arg(count);
 }
 
+QString timeSpan(const TRACK_SUMMARY_T &track)
+{
+    if (!track.first || !track.last)
+        return u"no date"_s;
+    const QDateTime first = QDateTime::fromMSecsSinceEpoch(*track.first, Qt::UTC);
+    const QDateTime last = QDateTime::fromMSecsSinceEpoch(*track.last, Qt::UTC);
+    const QString whole = u"yyyy-MM-dd hh:mm:ss"_s;
+    return u"%1 to %2 UTC"_s.arg(
+        first.toString(whole), last.toString(first.date() == last.date() ? u"hh:mm:ss"_s : whole));
+}
+
 QString trackSummary(const TRACK_SUMMARY_T &track, const QString &output)
 {
-    QString span = u"no date"_s;
-    if (track.first && track.last) {
-        const QDateTime first = QDateTime::fromMSecsSinceEpoch(*track.first, Qt::UTC);
-        const QDateTime last = QDateTime::fromMSecsSinceEpoch(*track.last, Qt::UTC);
-        const QString whole = u"yyyy-MM-dd hh:mm:ss"_s;
-        const bool sameDay = first.date() == last.date();
-        span = u"%1 to %2 UTC"_s.arg(first.toString(whole),
-                                     last.toString(sameDay ? u"hh:mm:ss"_s : whole));
-    }
     return u"%1 in %2, %3, %4 km -> %5"_s.arg(
-        countedFixes(track.fixes), counted(track.segments, "segment"), span,
+        countedFixes(track.fixes), counted(track.segments, "segment"), timeSpan(track),
         QString::number(track.metres / 1000, 'f', 2), displayName(output, u"standard output"_s));
 }

@@ -2,13 +2,13 @@
 
 #include "cli/messages.h"
 #include "cli/summary.h"
+#include "cli/trackstats.h"
 
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <numbers>
 #include <utility>
 
@@ -126,7 +126,7 @@ QString _fitted(const QString &text, double ems)
     return text.left(end).trimmed() + ellipsis;
 }
 
-void _drawHeading(QXmlStreamWriter &svg, const QString &title, const cTrackStats &stats)
+void _drawHeading(QXmlStreamWriter &svg, const QString &title, const TRACK_SUMMARY_T &summary)
 {
     constexpr double fontSize = 24;
     _text(svg, {MARGIN, 44}, _fitted(title, (WIDTH - 2 * MARGIN) / fontSize),
@@ -134,7 +134,7 @@ void _drawHeading(QXmlStreamWriter &svg, const QString &title, const cTrackStats
            {"font-weight", u"bold"_s},
            {"fill", QLatin1String(INK)}});
     const QString separator = u"  \u00b7  "_s;
-    _text(svg, {MARGIN, 72}, _lengthText(stats.metres()) + separator + timeSpan(stats, true),
+    _text(svg, {MARGIN, 72}, _lengthText(summary.metres) + separator + timeSpan(summary),
           {{"font-size", u"16"_s}, {"fill", QLatin1String(FAINT_INK)}});
 }
 
@@ -165,24 +165,17 @@ void _drawNorth(QXmlStreamWriter &svg, QPointF at)
 
 } // namespace
 
-cTrackPicture::cTrackPicture(QString name, QObject *parent)
-    : QObject(parent), m_name(std::move(name))
+cTrackPicture::cTrackPicture(const cTrack &track, QString title)
+    : m_title(std::move(title)), m_summary(summarize(track))
 {
-}
-
-void cTrackPicture::slot_Data(const HDR_T &hdr)
-{
-    if (m_title.size() == 0)
-        m_title = cHeaderText(hdr.title);
-}
-
-void cTrackPicture::slot_Data(const nmea_data &n)
-{
-    if (!cTrackStats::isLocated(n))
-        return;
-    const double lon =
-        m_points.isEmpty() ? n.lon : cTrackStats::nearestTurn(n.lon, m_points.constLast().lon);
-    m_points.append({n.lat, lon, n.date + n.time});
+    for (cTrackCursor at(track); !at.atEnd(); at.next()) {
+        m_last = at.fix();
+        if (m_points.isEmpty())
+            m_first = m_last;
+        const double before = m_points.isEmpty() ? m_last.lon : m_points.constLast().lon;
+        m_points.append(
+            {m_last.lat, cTrackStats::nearestTurn(m_last.lon, before), at.startsSegment()});
+    }
 }
 
 QPointF cTrackPicture::VIEW_T::at(double lat, double lon) const
@@ -217,39 +210,24 @@ cTrackPicture::VIEW_T cTrackPicture::_view() const
     return view;
 }
 
-// The time between two points, in seconds, from which on the receiver counts as silent.
-double cTrackPicture::_longestPause() const
-{
-    constexpr double shortest = 10; // seconds
-    constexpr double usualPauses = 5;
-    QList<double> pauses;
-    for (qsizetype i = 1; i < m_points.size(); ++i) {
-        const double pause = m_points.at(i).time - m_points.at(i - 1).time;
-        if (pause > 0)
-            pauses.append(pause);
-    }
-    if (pauses.isEmpty())
-        return shortest;
-    const auto middle = pauses.begin() + pauses.size() / 2;
-    std::nth_element(pauses.begin(), middle, pauses.end());
-    return std::max(shortest, usualPauses * *middle);
-}
-
-// The line through all points, interrupted by pauses longer than longestPause.
-QString cTrackPicture::_path(const VIEW_T &view, double longestPause) const
+// The line through all points, interrupted between segments if isBroken is set.
+QString cTrackPicture::_path(const VIEW_T &view, bool isBroken) const
 {
     QString path;
     QPointF drawn;
-    double time = -std::numeric_limits<double>::infinity();
     for (qsizetype i = 0; i < m_points.size(); ++i) {
         const POINT_T &point = m_points.at(i);
         const QPointF at = view.at(point.lat, point.lon);
-        const bool begins = i == 0 || std::fabs(point.time - time) > longestPause;
+        const bool begins = i == 0 || (isBroken && point.startsSegment);
+        const bool ends =
+            i + 1 == m_points.size() || (isBroken && m_points.at(i + 1).startsSegment);
         const QPointF step = at - drawn;
-        time = point.time;
-        if (!begins && i + 1 < m_points.size() && QPointF::dotProduct(step, step) < LINE_STEP)
+        if (!begins && !ends && QPointF::dotProduct(step, step) < LINE_STEP)
             continue;
-        path += u"%1%2 %3"_s.arg(QChar(begins ? u'M' : u'L')).arg(_number(at.x()), _number(at.y()));
+        const QString place = u"%1 %2"_s.arg(_number(at.x()), _number(at.y()));
+        path += (begins ? u"M"_s : u"L"_s) + place;
+        if (begins && ends)
+            path += u"L"_s + place; // which makes a dot
         drawn = at;
     }
     return path;
@@ -268,8 +246,8 @@ void cTrackPicture::_drawTrack(QXmlStreamWriter &svg, const VIEW_T &view) const
                   {"stroke-linejoin", u"round"_s},
                   {"stroke-linecap", u"round"_s}});
     };
-    const QString line = _path(view, _longestPause());
-    draw(_path(view, std::numeric_limits<double>::infinity()), FAINT_INK, "1.5", "1 6");
+    const QString line = _path(view, true);
+    draw(_path(view, false), FAINT_INK, "1.5", "1 6");
     draw(line, "#ffffff", "7", "none");
     draw(line, TRACK, "3.5", "none");
 }
@@ -301,8 +279,7 @@ QRectF cTrackPicture::_placeFor(QSizeF size, QPointF point, const VIEW_T &view,
     });
 }
 
-void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view,
-                              const cTrackStats &stats) const
+void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view) const
 {
     constexpr double fontSize = 16;
     constexpr double textHeight = 20;
@@ -335,24 +312,25 @@ void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view,
                {"stroke-linejoin", u"round"_s},
                {"paint-order", u"stroke"_s}});
     };
-    const auto time = [](const nmea_data &n) {
+    const auto time = [](const FIX_T &fix) {
         constexpr int timeAt = 11; // in "2011-03-23T12:01:07Z"
         constexpr int timeLength = 8;
-        const QString text = pointTime(n);
-        return text.isEmpty() ? u"(no time)"_s : text.mid(timeAt, timeLength);
+        return fix.clock == FIX_CLOCK::NONE
+                   ? u"(no time)"_s
+                   : QString::fromLatin1(timeText(fix.time).mid(timeAt, timeLength));
     };
-    draw(m_points.constLast(), END, u"End "_s + time(stats.last()));
-    draw(m_points.constFirst(), START, u"Start "_s + time(stats.first()));
+    draw(m_points.constLast(), END, u"End "_s + time(m_last));
+    draw(m_points.constFirst(), START, u"Start "_s + time(m_first));
 }
 
-QByteArray cTrackPicture::svg(const cTrackStats &stats) const
+QByteArray cTrackPicture::svg() const
 {
     const VIEW_T view = _view();
     const QRectF panel =
         view.area.adjusted(-PANEL_PADDING, -PANEL_PADDING, PANEL_PADDING, PANEL_PADDING);
     const QString width = QString::number(WIDTH);
     const QString height = QString::number(std::ceil(panel.bottom() + FOOTING_HEIGHT));
-    const QString title = printable(m_title.size() > 0 ? m_title.shown() : m_name);
+    const QString title = printable(m_title);
 
     QByteArray bytes;
     QXmlStreamWriter svg(&bytes);
@@ -375,9 +353,9 @@ QByteArray cTrackPicture::svg(const cTrackStats &stats) const
               {"rx", u"6"_s},
               {"fill", u"#f1f4f7"_s},
               {"stroke", u"#cbd2d9"_s}});
-    _drawHeading(svg, title, stats);
+    _drawHeading(svg, title, m_summary);
     _drawTrack(svg, view);
-    _drawEnds(svg, view, stats);
+    _drawEnds(svg, view);
     const double footing = panel.bottom() + FOOTING_HEIGHT / 2 + 8;
     _drawScaleBar(svg, {MARGIN, footing}, view.metresPerUnit);
     _drawNorth(svg, {WIDTH - MARGIN - 8, footing});

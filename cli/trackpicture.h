@@ -1,42 +1,30 @@
 #ifndef TRACKPICTURE_H
 #define TRACKPICTURE_H
 
-#include "archive/vrk3format.h"
-#include "cli/headertext.h"
-#include "cli/trackstats.h"
+#include "track/track.h"
+#include "track/tracksummary.h"
 
 #include <QList>
-#include <QObject>
 #include <QPointF>
 #include <QRectF>
 #include <QXmlStreamWriter>
 
 // Draws a track as SVG: its shape in true proportion, north up, with start, end, scale, title,
-// length and time span. Connect the decoder's signal and the parser's signal for HDR records.
-//
-// Points without a usable position are left out. All positions are kept in memory.
-class cTrackPicture : public QObject
+// length and time span. All positions are kept in memory.
+class cTrackPicture
 {
-    Q_OBJECT
-
 public:
-    // name becomes the title of the picture if the archive has none.
-    explicit cTrackPicture(QString name, QObject *parent = nullptr);
+    // The track is finished and has at least one fix.
+    cTrackPicture(const cTrack &track, QString title);
 
-    // Draws all points so far, at least one. stats must be about the same points. Returns an empty
-    // array if a text cannot be written as XML.
-    QByteArray svg(const cTrackStats &stats) const;
-
-public Q_SLOTS:
-    void slot_Data(const nmea_data &n);
-    // Uses the first title that is not empty.
-    void slot_Data(const HDR_T &hdr);
+    // Returns an empty array if a text cannot be written as XML.
+    QByteArray svg() const;
 
 private:
     struct POINT_T {
         double lat;
-        double lon;  // continuous across full turns
-        double time; // seconds since 1970
+        double lon; // continuous across full turns
+        bool startsSegment;
     };
     // Maps positions to the picture.
     struct VIEW_T {
@@ -50,15 +38,16 @@ private:
     };
 
     VIEW_T _view() const;
-    double _longestPause() const;
-    QString _path(const VIEW_T &view, double longestPause) const;
+    QString _path(const VIEW_T &view, bool isBroken) const;
     void _drawTrack(QXmlStreamWriter &svg, const VIEW_T &view) const;
     QRectF _placeFor(QSizeF size, QPointF point, const VIEW_T &view, const QRectF &taken) const;
-    void _drawEnds(QXmlStreamWriter &svg, const VIEW_T &view, const cTrackStats &stats) const;
+    void _drawEnds(QXmlStreamWriter &svg, const VIEW_T &view) const;
 
-    QString m_name;
-    cHeaderText m_title;
+    QString m_title;
+    TRACK_SUMMARY_T m_summary;
     QList<POINT_T> m_points;
+    FIX_T m_first;
+    FIX_T m_last;
 };
 
 #endif

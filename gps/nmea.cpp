@@ -257,6 +257,23 @@ void cNmea::_position(int index)
     m_fix.lon = _getDegreese(_field(index + 2));
     if (!_is(_field(index + 3), 'E'))
         m_fix.lon = -m_fix.lon;
+    _countDecimals(_field(index), _field(index + 2));
+}
+
+// Counts a position by the decimals of its latitude, or of its longitude if those are four.
+void cNmea::_countDecimals(QByteArrayView lat, QByteArrayView lon)
+{
+    constexpr qsizetype usual = 4;
+    const auto decimals = [](QByteArrayView field) {
+        if (field.size() > usual && field[field.size() - 1 - usual] == '.')
+            return usual;
+        const qsizetype point = field.lastIndexOf('.');
+        return point < 0 ? 0 : field.size() - 1 - point;
+    };
+    if (lat.isEmpty() || lon.isEmpty())
+        return;
+    const qsizetype n = decimals(lat) == usual ? decimals(lon) : decimals(lat);
+    ++m_account.decimals[size_t(qMin(n, qsizetype(m_account.decimals.size()) - 1))];
 }
 
 // Returns the longest number at the start of the field, 0 if there is none: the same as strtod in

@@ -36,6 +36,9 @@ struct NMEA_ACCOUNT_T {
     counts tooFewFields{}; // fewer than the nine fields that a GPGGA or GPRMC needs
     counts malformed{};    // cut off, or with a character that does not belong in a sentence
     qint64 points = 0;     // records emitted
+    // Positions in accepted sentences by the decimals of their minutes, of which the decoder
+    // expects four. The last entry is for that number and more.
+    std::array<qint64, 10> decimals{};
 };
 
 // Decodes the text of a GPS receiver: the sentences GPGGA, GPRMC and PGRME. All others are skipped.
@@ -83,6 +86,7 @@ private:
     void _gprmc();
     void _pgrme();
     void _position(int index);
+    void _countDecimals(QByteArrayView lat, QByteArrayView lon);
     static double _getDouble(QByteArrayView field);
     static double _getDegreese(QByteArrayView field);
     double _getDate(QByteArrayView field);

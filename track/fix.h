@@ -1,6 +1,7 @@
 #ifndef FIX_H
 #define FIX_H
 
+#include <QByteArray>
 #include <QtGlobal>
 #include <QtNumeric>
 
@@ -35,6 +36,10 @@ struct FIX_T {
     FIX_KIND kind = FIX_KIND::UNKNOWN;
 };
 static_assert(std::is_trivially_copyable_v<FIX_T>);
+
+// Such a time as text: "2011-03-23T12:01:07Z", with the milliseconds after a point unless they are
+// 0.
+QByteArray timeText(qint64 time);
 
 inline constexpr qint64 MS_PER_SECOND = 1000;
 inline constexpr qint64 MS_PER_HOUR = 3600 * MS_PER_SECOND;

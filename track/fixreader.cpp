@@ -82,6 +82,12 @@ void _fill(double &known, double value)
         known = value;
 }
 
+// A receiver that has lost its fix may report zeros and call them valid.
+bool _isPlace(const QGeoCoordinate &at)
+{
+    return at.isValid() && (at.latitude() != 0 || at.longitude() != 0);
+}
+
 double _real(QByteArrayView field)
 {
     bool isNumber = false;
@@ -228,7 +234,7 @@ cFixReader::INSTANT_T *cFixReader::_locate(int time, size_t first, QByteArrayVie
     const auto place = [&](size_t i) { return isNeeded ? _field(first + i) : QByteArrayView(); };
     const QGeoPositionInfo info =
         _ask({"GPRMC", "", "", place(0), place(1), place(2), place(3), speed, course});
-    if (isNeeded && !info.coordinate().isValid())
+    if (isNeeded && !_isPlace(info.coordinate()))
         return nullptr;
     if (!instant || isRepeat) {
         const quint32 repeat = isRepeat ? instant->fix.repeat + 1 : 0;

@@ -23,7 +23,7 @@ class cNmeaLibrary;
 // All sentences of one instant make one fix; where their positions differ, the one with the most
 // decimals counts, else the first. A second position under the same time from the same kind of
 // sentence is a fix of its own (FIX_T::repeat). A sentence that the receiver marks invalid (status
-// V, quality 0, no position) makes no fix.
+// V, quality 0, no position) makes no fix, and neither does a position of exactly 0, 0.
 //
 // The date is that of an RMC or ZDA of the same instant. Without one it is carried forward from the
 // fix before, across midnight. Fixes before the first date wait for it, and get it counted back

@@ -2,8 +2,6 @@
 
 #include <array>
 #include <charconv>
-#include <chrono>
-#include <cmath>
 #include <limits>
 
 QByteArray cFixWriter::number(double value, int decimals)
@@ -21,33 +19,6 @@ QByteArray cFixWriter::number(double value, int decimals)
     }
     const QByteArrayView shortest(text.data(), end);
     return shortest == "-0" ? QByteArray("0") : shortest.toByteArray();
-}
-
-// QDateTime's own text takes several times as long as all the rest of a fix.
-QByteArray cFixWriter::time(const FIX_T &fix)
-{
-    using namespace std::chrono;
-    const sys_time<milliseconds> instant{milliseconds(fix.time)};
-    const auto day = floor<days>(instant);
-    const year_month_day date(day);
-    const hh_mm_ss clock(instant - day);
-
-    QByteArray text = "0000-00-00T00:00:00";
-    const auto put = [&text](qsizetype end, qint64 value) {
-        for (; value > 0; value /= 10)
-            text[end--] = char('0' + value % 10);
-    };
-    put(3, int(date.year()));
-    put(6, unsigned(date.month()));
-    put(9, unsigned(date.day()));
-    put(12, clock.hours().count());
-    put(15, clock.minutes().count());
-    put(18, clock.seconds().count());
-    if (clock.subseconds().count() > 0) {
-        text += ".000";
-        put(22, clock.subseconds().count());
-    }
-    return text += 'Z';
 }
 
 QByteArray cFixWriter::kind(const FIX_T &fix)

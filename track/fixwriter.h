@@ -31,8 +31,6 @@ protected:
     static QByteArray degrees(double value) { return number(value, 9); }
     // A number rounded to so many decimals, 0 to 9.
     static QByteArray number(double value, int decimals = 3);
-    // "2011-03-23T12:01:07Z", with the milliseconds after a point if there are any.
-    static QByteArray time(const FIX_T &fix);
     // The kind of a fix in the words of GPX; empty if it is not known.
     static QByteArray kind(const FIX_T &fix);
 };

@@ -16,7 +16,7 @@ bool cTrackCsv::write(const cTrack &track, const QString &)
         segment += at.startsSegment();
         QByteArray line = QByteArray::number(segment) + ',';
         if (fix.clock == FIX_CLOCK::FULL)
-            line += time(fix);
+            line += timeText(fix.time);
         line += ',' + degrees(fix.lat) + ',' + degrees(fix.lon);
         for (const double value : {fix.altitude, fix.speed, fix.course})
             line += ',' + optional(value);

@@ -82,7 +82,7 @@ void cTrackGeoJson::_feature(cTrackCursor &at)
     };
     if (at.fix().clock == FIX_CLOCK::FULL) {
         Q_EMIT signal_Data(",\"coordTimes\":[");
-        list([](const FIX_T &fix) { return '"' + time(fix) + '"'; });
+        list([](const FIX_T &fix) { return '"' + timeText(fix.time) + '"'; });
         Q_EMIT signal_Data("]");
     }
     Q_EMIT signal_Data("},\"geometry\":{\"type\":\"" +

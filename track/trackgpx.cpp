@@ -40,7 +40,7 @@ void cTrackGpx::_point(const FIX_T &fix)
     if (!std::isnan(fix.altitude))
         element(u"ele"_s, number(fix.altitude));
     if (fix.clock == FIX_CLOCK::FULL)
-        element(u"time"_s, time(fix));
+        element(u"time"_s, timeText(fix.time));
     if (fix.kind != FIX_KIND::UNKNOWN)
         element(u"fix"_s, kind(fix));
     if (fix.satellites >= 0)

@@ -37,7 +37,7 @@ void cTrackKml::_track(cTrackCursor &at)
     xml().writeStartElement(u"gx:Track"_s);
     do {
         xml().writeCharacters(u"\n"_s);
-        element(u"when"_s, time(at.fix()));
+        element(u"when"_s, timeText(at.fix().time));
         send();
         at.next();
     } while (!at.atEnd() && !at.startsSegment());

@@ -1,0 +1,122 @@
+#include "cli/readingcheck.h"
+
+#include "archive/hdrtxts.h"
+#include "cli/messages.h"
+#include "cli/summary.h"
+
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr size_t EXPECTED_DECIMALS = 4;
+// Longer pauses between points are gaps in which fixes may be.
+constexpr int MAX_PAUSE = 10; // seconds
+// The window waits for a GPRMC, so the first fixes are often missing. That is not worth a warning.
+constexpr qint64 MIN_PART = 100;
+
+// Whether an element with this content is more or less than a plain text.
+bool _breaksXml(const QString &content)
+{
+    QXmlStreamReader xml(u"<name>"_s + content + u"</name>"_s);
+    int elements = 0;
+    while (!xml.atEnd())
+        elements += xml.readNext() == QXmlStreamReader::StartElement;
+    return xml.hasError() || elements != 1;
+}
+} // namespace
+
+cReadingCheck::cReadingCheck(const cTrackStats &stats, QObject *parent)
+    : QObject(parent), m_stats(stats)
+{
+    connect(&m_reader, SIGNAL(signal_Data(FIX_T)), SLOT(slot_Data(FIX_T)));
+}
+
+// The window's GPX takes the title of the last header before the first text, its KML that of the
+// last header.
+void cReadingCheck::slot_Data(const HDR_T &hdr)
+{
+    m_kmlTitle = hdr.title;
+    if (!m_hasText)
+        m_gpxTitle = hdr.title;
+}
+
+void cReadingCheck::slot_Data(const QByteArray &a)
+{
+    m_hasText = true;
+    if (m_stats.located() == m_located)
+        m_reader.slot_Data(a);
+    else
+        _markSeen();
+}
+
+// Marks the seconds up to that of the last point as seen.
+void cReadingCheck::_markSeen()
+{
+    m_located = m_stats.located();
+    const double time = m_stats.last().time;
+    if (!(time >= 0 && time < SECONDS_PER_DAY))
+        return;
+    const int second = int(time);
+    const int elapsed = (second - m_second + SECONDS_PER_DAY) % SECONDS_PER_DAY;
+    const int pause = m_second < 0 || elapsed > MAX_PAUSE ? 0 : elapsed;
+    for (int i = 0; i <= pause; ++i)
+        m_seen.set(size_t((second - i + SECONDS_PER_DAY) % SECONDS_PER_DAY));
+    m_second = second;
+}
+
+void cReadingCheck::slot_Data(const FIX_T &fix)
+{
+    const qint64 second = fix.time / MS_PER_SECOND % SECONDS_PER_DAY;
+    if (second < 0 || !m_seen.test(size_t(second)))
+        ++m_unseen;
+}
+
+QStringList cReadingCheck::warnings(const NMEA_ACCOUNT_T &account, const QString &reader,
+                                    const QString &format)
+{
+    m_reader.finish();
+    QStringList warnings;
+    const QString track = _trackWarning(account, reader);
+    if (!track.isEmpty())
+        warnings.append(track + u"; use vrk3 track"_s);
+    QStringList broken;
+    if (format.contains("gpx"_L1) && _breaksXml(u"<![CDATA["_s + hdrText(m_gpxTitle) + u"]]>"_s))
+        broken.append(u"GPX"_s);
+    if (format.contains("kml"_L1) && _breaksXml(hdrText(m_kmlTitle)))
+        broken.append(u"KML"_s);
+    if (!broken.isEmpty())
+        warnings.append(
+            u"its title breaks the XML of %1 files; use vrk3 track"_s.arg(broken.join(u" and "_s)));
+    return warnings;
+}
+
+// What is wrong with the track, the gravest first; empty if nothing is.
+QString cReadingCheck::_trackWarning(const NMEA_ACCOUNT_T &account, const QString &reader) const
+{
+    auto counts = account.decimals;
+    counts.at(EXPECTED_DECIMALS) = 0;
+    const qint64 misread = std::accumulate(counts.begin(), counts.end(), qint64(0));
+    if (misread > 0) {
+        const auto most = std::max_element(counts.begin(), counts.end());
+        QString decimals = u"other than 4 decimals"_s;
+        if (*most == misread && most + 1 != counts.end())
+            decimals = counted(most - counts.begin(), "decimal");
+        return u"%1 %2 minutes with %3, which %4 misreads"_s.arg(
+            counted(misread, "position"), misread == 1 ? u"has"_s : u"have"_s, decimals, reader);
+    }
+    const qint64 located = m_stats.located();
+    if (m_unseen * MIN_PART > located)
+        return u"%1 %2 in sentences that %3 does not read"_s.arg(
+            countedFixes(m_unseen), m_unseen == 1 ? u"is"_s : u"are"_s, reader);
+    const qint64 lost = m_stats.points() - located;
+    if (lost > 0)
+        return u"%1 of %2 %3 no position"_s.arg(QString::number(lost),
+                                                counted(m_stats.points(), "point"),
+                                                lost == 1 ? u"has"_s : u"have"_s);
+    return {};
+}
