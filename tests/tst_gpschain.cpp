@@ -116,8 +116,8 @@ private Q_SLOTS:
     void dateThatCannotBe();
     void lastTitleCounts();
     void headerTexts();
+    void anyCut_data();
     void anyCut();
-    void receiverLogs();
 };
 
 void tst_GpsChain::wholeFiles_data()
@@ -245,35 +245,30 @@ void tst_GpsChain::headerTexts()
     QCOMPARE(sent, QStringList({QString("256 TЯ") + QChar::ReplacementCharacter, "7 seven"}));
 }
 
-void tst_GpsChain::anyCut()
+void tst_GpsChain::anyCut_data()
 {
-    const QByteArray text = receiverText(60'000);
-    for (const char *filter : FILTERS) {
-        const QByteArray whole = _convert(_archive("T", text), filter);
-        QCOMPARE(_convert(_archive("T", text, 50), filter), whole);
-        QCOMPARE(_convert(_archive("T", text), filter, 7), whole);
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("generated") << receiverText(60'000);
+    // The output of real receivers.
+    const QDir folder(qEnvironmentVariable("VRKTRK_LOGS", "no folder"));
+    for (const QString &name : folder.entryList({"*.log"}, QDir::Files)) {
+        QFile log(folder.filePath(name));
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        QTest::newRow(qPrintable(name)) << log.readAll();
     }
 }
 
-// The output of real receivers, from the folder that VRKTRK_LOGS names.
-void tst_GpsChain::receiverLogs()
+void tst_GpsChain::anyCut()
 {
-    const QDir folder(qEnvironmentVariable("VRKTRK_LOGS"));
-    if (qEnvironmentVariableIsEmpty("VRKTRK_LOGS"))
-        QSKIP("VRKTRK_LOGS names no folder of receiver logs");
-    const QStringList names = folder.entryList({"*.log"}, QDir::Files);
-    QVERIFY(!names.isEmpty());
-    for (const QString &name : names) {
-        QFile log(folder.filePath(name));
-        QVERIFY(log.open(QIODevice::ReadOnly));
-        const QByteArray text = log.readAll();
-        QCOMPARE(_convert(_archive(name.toUtf8(), text, 90), FILTERS[0]), text);
-        for (const char *filter : FILTERS) {
-            const QByteArray whole = _convert(_archive(name.toUtf8(), text), filter);
-            QCOMPARE(_convert(_archive(name.toUtf8(), text), filter, 11), whole);
-            if (!text.contains('\0')) // after a zero byte the rest of its block is lost
-                QCOMPARE(_convert(_archive(name.toUtf8(), text, 90), filter), whole);
-        }
+    QFETCH(QByteArray, text);
+    const QByteArray archive = _archive("T", text);
+    const QByteArray smallBlocks = _archive("T", text, 50);
+    QCOMPARE(_convert(smallBlocks, FILTERS[0]), text);
+    for (const char *filter : FILTERS) {
+        const QByteArray whole = _convert(archive, filter);
+        QCOMPARE(_convert(archive, filter, 7), whole);
+        if (!text.contains('\0')) // after a zero byte the rest of its block is lost
+            QCOMPARE(_convert(smallBlocks, filter), whole);
     }
 }
 
