@@ -17,9 +17,6 @@ class cTrackReader
 public:
     cTrackReader();
 
-    // Makes parser() skip the blocks of other streams, which is faster. Call it before read().
-    void skipOtherStreams() { m_parser.deliverOnly(GPS_STREAM_ID, GPS_STREAM_TYPE); }
-
     // Reads an archive completely. Returns an error message, empty on success.
     QString read(const ARCHIVE_T &archive, cProgress &progress);
     // Whether the parser is reading a borrowed header.

@@ -22,6 +22,7 @@ QString cTrackSource::read(const ARCHIVE_T &archive, cProgress &progress)
         m_name = archive.name == STANDARD_STREAM ? u"Track"_s
                                                  : QFileInfo(archive.name).completeBaseName();
     cVrk3Parser parser;
+    parser.deliverOnly(GPS_STREAM_ID, GPS_STREAM_TYPE);
     connect(&parser, SIGNAL(signal_Data(HDR_T)), SLOT(slot_Data(HDR_T)));
     connect(&parser, SIGNAL(signal_Data(DATA_T)), &m_raw, SLOT(slot_Data(DATA_T)));
     cFeed feed(archive);

@@ -1,7 +1,7 @@
 # shellcheck shell=sh
 # What the scripts of the desktop share. They and this file are installed next to VrkTrk.
+# They set here, their own folder, first.
 unset CDPATH
-here=$(dirname -- "$(readlink -f -- "$0")")
 vrk3=$here/../../bin/vrk3
 
 # text ENGLISH: prints a message in the user's language.

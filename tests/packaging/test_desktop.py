@@ -44,7 +44,7 @@ class DesktopTest(support.Case):
         self.assertEqual(self.read(picture), self.vrk3("plot", "-qo-", "d ä/good.vrk3")[1])
         self.assertEqual(self.calls("lib/vrktrk/show-track", "a <b> & c"), NOTE % (
             "Der Track kann nicht angezeigt werden",
-            "a &lt;b&gt; &amp; c.vrk3: not a VRK3 archive, or its header is missing"))
+            "a &lt;b&gt; &amp; c.vrk3: not a VRK3 archive, or its header is missing (see --header-from)"))
         for summary in "Track gespeichert", "Ein Track konnte nicht gespeichert werden":  # the second exists
             self.assertIn(NOTE.split("%s")[0] + f"{summary}|good.vrk3: ", self.calls("lib/vrktrk/write-track", "good"))
         self.assertIn(b"<trkpt", self.read("d ä/good.gpx"))
