@@ -141,6 +141,10 @@ class Machine(Case):
                 found = self.vrk3("convert", "-yqo", output, "long.vrk3", before=before, env=TRACED)
                 self.assertEqual(found, (1, b"", f"vrk3: long.vrk3: {reason}\n") if reason else (0, b"", ""))
         self.assertEqual(self.files(), ["eintr.gpx", "long.vrk3", "new.gpx", "old.gpx"])
+        # With threads, a descriptor that is closed twice may be that of another file.
+        before = ["strace", "-qqfZo", self.path("twice"), "-etrace=close"]
+        self.assertEqual(self.vrk3("convert", "-yq", "long.vrk3", before=before, env=TRACED), (0, b"", ""))
+        self.assertEqual(self.read("twice"), b"")
         self.assertEqual((self.read("old.gpx"), self.read("new.gpx")), (b"old", self.read("eintr.gpx")))
         with open("/dev/full", "wb") as full:
             self.assertEqual(self.vrk3("info", "long.vrk3", stdout=full),
