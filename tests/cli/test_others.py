@@ -34,14 +34,11 @@ class Others(Case):
             self.assertLessEqual(abs((time - datetime.datetime(2011, 3, 23)).total_seconds() - second), within)
 
     def test_gpx_and_kml(self):
-        def features(name, *layer):
-            return json.loads(out("ogr2ogr", "-f", "GeoJSON", "-lco", "COORDINATE_PRECISION=7",
-                                  "/vsistdout/", self.path(name), *layer))["features"]
-
-        tracks = features("a.gpx", "track_points")
-        self.compare([f["geometry"]["coordinates"][1::-1] for f in tracks],
-                     [f["properties"]["time"] for f in tracks])
-        line, = features("a.kml")
+        points, (line,) = (json.loads(out(
+            "ogr2ogr", "-f", "GeoJSON", "-lco", "COORDINATE_PRECISION=7", "/vsistdout/", self.path(name), *layer,
+        ))["features"] for name, *layer in (("a.gpx", "track_points"), ("a.kml",)))
+        self.compare([p["geometry"]["coordinates"][1::-1] for p in points],
+                     [p["properties"]["time"] for p in points])
         self.compare([c[1::-1] for c in line["geometry"]["coordinates"]])
 
     def test_plt(self):

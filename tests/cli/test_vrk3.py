@@ -15,7 +15,6 @@ import time
 import jsonschema
 from support import (Case, ENVIRONMENT, GOOD, LONG, SOURCE, TRACED, archive, everything, gprmc, unittest)
 
-NOBODY = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]
 
 
 class Outputs(Case):
@@ -23,15 +22,14 @@ class Outputs(Case):
         title = "A title of more than sixty characters, which no picture has room for"
         far = archive(gprmc(0, 10, 20) + gprmc(9, 19, 20) + gprmc(40, 19, -179) + gprmc(41, -2, 20), title)
         parked = archive(gprmc(1, 51.5, -0.1) + gprmc(9, 51.500002, -0.1), "")
-        for name, data in (("everything", everything()), ("far", far), ("parked", parked)):
+        for name, data in (("everything", everything()), ("far", far), ("parked", parked),
+                           ("nogps", archive(b"x", stream=7))):
             self.write(name + ".vrk3", data)
-        self.write("nogps.vrk3", archive(b"x", stream=7))
         self.assertTranscript("outputs.txt")
         for name in [n for n in self.files() if not n.endswith(".vrk3")]:
             self.assertReference(name, self.read(name))
         found = json.loads(self.vrk3("info", "--json", "everything.vrk3", "nogps.vrk3")[1])
         schema = json.loads(pathlib.Path(SOURCE, "docs/vrk3-info.schema.json").read_text("utf-8"))
-        jsonschema.Draft7Validator.check_schema(schema)
         jsonschema.validate(found, schema)
         self.assertTrue(all(sum(f["bytes"].values()) == 2 * f["bytes"]["total"] for f in found))
         lines = self.vrk3("info", "--jsonl", "everything.vrk3", "nix", "nogps.vrk3")[1].splitlines()
@@ -41,18 +39,17 @@ class Outputs(Case):
         self.write("a.vrk3", GOOD)
         formats = {f: self.vrk3("convert", "--to", f, "-o", "-", "a.vrk3")[1]
                    for f in ("raw", "gpx", "plt", "kml")}
-        for name in ("a.b.vrk3", "d.d/noext", ".hidden", "old.gpx"):
+        for name in ("a.b.vrk3", "d.d/noext", ".hidden"):
             self.write(name, GOOD)
         for arguments, name, form in (
                 ("a.vrk3", "a.gpx", "gpx"), ("--to raw a.vrk3", "a.txt", "raw"), ("-o y a.vrk3", "y", "gpx"),
                 ("-t kml -d d.d a.vrk3", "d.d/a.kml", "kml"), ("-o x.PLT a.vrk3", "x.PLT", "plt"),
                 ("-o x.LOG a.vrk3", "x.LOG", "raw"), ("-t RAW -o z.gpx a.vrk3", "z.gpx", "raw"),
                 ("a.b.vrk3", "a.b.gpx", "gpx"), ("d.d/noext", "d.d/noext.gpx", "gpx"),
-                (".hidden", ".hidden.gpx", "gpx"), ("-y -o old.gpx a.vrk3", "old.gpx", "gpx"),
-                (f"{self.folder}/a.vrk3 --to kml", "a.kml", "kml"), ("-q -t plt a.vrk3", "a.plt", "plt")):
+                (".hidden", ".hidden.gpx", "gpx"), (f"{self.folder}/a.vrk3 -qt kml", "a.kml", "kml")):
             with self.subTest(arguments):
                 status, output, errors = self.vrk3("convert", *arguments.split())
-                self.assertEqual((status, output, errors.count("\n")), (0, b"", "-q" not in arguments))
+                self.assertEqual((status, output, errors.count("\n")), (0, b"", "-qt" not in arguments))
                 self.assertEqual(self.read(name), formats[form])
         line = "standard input: 2 points, 01:00:00 to 01:01:01 UTC, 0 bytes skipped -> standard output\n"
         self.assertEqual(self.vrk3("convert", "-", data=GOOD), (0, formats["gpx"], line))
@@ -68,7 +65,7 @@ class Outputs(Case):
         for name, mode in (("locked.vrk3", 0), ("locked", 0), ("protected.gpx", 0o444)):
             os.chmod(self.path(name), mode)
         before = {name: self.read(name) for name in self.files()}
-        self.assertTranscript("messages.txt", before=NOBODY)
+        self.assertTranscript("messages.txt", before=["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"])
         self.assertEqual({name: self.read(name) for name in self.files()}, before)
         version = re.search(r"VrkTrk VERSION ([\d.]+)", pathlib.Path(SOURCE, "CMakeLists.txt").read_text())[1]
         for option in "--version", "-v", "-V":
@@ -152,10 +149,9 @@ class Machine(Case):
 
     def test_permissions(self):
         os.chmod(self.path("old.gpx"), 0o604)
-        for arguments in ("-o", "new.gpx"), ("-yo", "old.gpx"):
-            self.vrk3("convert", *arguments, "long.vrk3", umask=0o027)
-        modes = [self.path(name).stat().st_mode & 0o777 for name in ("new.gpx", "old.gpx")]
-        self.assertEqual(modes, [0o640, 0o604])
+        for name, mode in ("new.gpx", 0o640), ("old.gpx", 0o604):
+            self.vrk3("convert", "-yo", name, "long.vrk3", umask=0o027)
+            self.assertEqual(self.path(name).stat().st_mode & 0o777, mode)
 
     def test_same_inode_on_two_disks(self):
         script = ("mkdir x y && mount -t tmpfs none x && mount -t tmpfs none y && echo >y/old.gpx && "
