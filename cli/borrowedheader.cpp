@@ -7,6 +7,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <ranges>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -51,7 +52,7 @@ QByteArray _record(const HDR_T &hdr)
 bool _isReceiverText(const QByteArray &rest)
 {
     const auto isText = [](char c) { return (c >= ' ' && c <= '~') || c == '\r' || c == '\n'; };
-    const auto text = rest.begin() + qMin(rest.size(), HEAD_SIZE - 1);
+    const auto *const text = rest.begin() + qMin(rest.size(), HEAD_SIZE - 1);
     return rest.contains('$') && std::all_of(text, rest.end(), isText);
 }
 } // namespace
@@ -65,8 +66,8 @@ QString cBorrowedHeader::read(const QString &archive)
                              return;
                          m_record = _record(hdr);
                          // Backwards, because the first entry with an id counts.
-                         for (auto it = hdr.streams.crbegin(); it != hdr.streams.crend(); ++it)
-                             m_types.at(it->id) = it->type;
+                         for (const STREAM_T &stream : std::views::reverse(hdr.streams))
+                             m_types.at(stream.id) = stream.type;
                      });
     cInputFile input(archive);
     QByteArray block;

@@ -81,7 +81,7 @@ private:
     QList<cHeaderText> m_titles;
     QMap<int, cHeaderText> m_texts;
     QMap<int, STREAM_COUNT_T> m_streams;
-    std::bitset<256 * 256> m_notListed; // by the keys of m_streams
+    std::bitset<0x10000> m_notListed; // by the keys of m_streams
     OMITTED_T m_omitted;
     qint64 m_hdrRecords = 0;
     qint64 m_idxRecords = 0;

@@ -50,7 +50,7 @@ private:
     void _accept(const QByteArray &sentence);
 
     // One bit for each pair of digits and capital letters.
-    static constexpr size_t TALKERS = 36 * 36;
+    static constexpr size_t TALKERS = size_t(36) * 36;
 
     int m_state = STATE_SKIP;
     QByteArray m_text; // the current sentence, without dollar sign and asterisk
