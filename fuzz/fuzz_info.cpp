@@ -5,6 +5,7 @@
 #include "cli/contentstext.h"
 #include "cli/messages.h"
 #include "cli/trackpicture.h"
+#include "cli/tracksource.h"
 #include "fuzz/harness.h"
 
 #include <QJsonDocument>
@@ -52,17 +53,11 @@ void _checkInfo(const QString &file)
 void _checkPlot(const QString &file)
 {
     cProgress progress(file, false);
-    cTrackReader reader;
-    cTrackPicture picture(file);
-    QObject::connect(&reader.parser(), SIGNAL(signal_Data(HDR_T)), &picture,
-                     SLOT(slot_Data(HDR_T)));
-    QObject::connect(&reader.nmea(), SIGNAL(signal_Data(nmea_data)), &picture,
-                     SLOT(slot_Data(nmea_data)));
-    require(reader.read({file}, progress).isEmpty(), "the input can be read");
-    if (reader.stats().located() == 0)
+    cTrackSource source;
+    if (!source.read({file}, progress).isEmpty() || !source.finish().isEmpty())
         return;
-    const QByteArray svg = picture.svg(reader.stats());
-    require(svg.size() <= MAX_FRAME_SIZE + MAX_POINT_SIZE * reader.stats().located(),
+    const QByteArray svg = cTrackPicture(source.track(), source.title()).svg();
+    require(svg.size() <= MAX_FRAME_SIZE + MAX_POINT_SIZE * summarize(source.track()).fixes,
             "the picture has a limit");
     QXmlStreamReader xml(svg);
     while (!xml.atEnd())

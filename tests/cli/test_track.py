@@ -28,8 +28,8 @@ def journey():
         text += sentence(f"GNRMC,{time},A,{place},10.0,{359.9999 - 90 * i},230311,,,A")
     later = gprmc(120, 10, 20, "240311") + gprmc(121, 10.0001, 20, "240311") + gprmc(122, 50, 20, "240311")
     last = gpgga(122, 50, 20, -3) + sentence("GPGSA,A,3,01,,,,,,,,,,,,1.5,0.7,1")
-    return {"b.vrk3": archive(text[-300:] + later + last, "A <b> ]]> & \"quote\" \\ \x01\ufffe, Москва"),
-            "a.vrk3": archive(text + later[:100])}
+    return {"b": archive(text[-300:] + later + last, "A <b> ]]> & \"quote\" \\ \x01\ufffe, Москва"),
+            "a": archive(text + later[:100])}
 
 
 def positions(coordinates):
@@ -39,37 +39,26 @@ def positions(coordinates):
 
 
 class Track(Case):
-    def setUp(self):
-        super().setUp()
-        undated = b"".join(sentence(f"GPGLL,1000.{i},N,02000.0,E,12000{i},A") for i in range(8))
-        for name, data in {**journey(), "undated.vrk3": archive(undated, "")}.items():
-            self.write(name, data)
-        self.lines = ""
-        for form in FORMATS:
-            self.track("--join -o journey.%s b.vrk3 a.vrk3" % form)
-            self.track("-t %s undated.vrk3" % form)
-
-    def track(self, line):
-        status, output, errors = self.vrk3("track", *line.split())
-        self.lines += f"$ vrk3 track {line}\n{output.decode()}{errors}[{status}]\n"
-        return output.decode()
-
     def test_references(self):
-        for name in [n for n in self.files() if not n.endswith(".vrk3")]:
-            self.assertReference(name, self.read(name))
-        self.write("none.vrk3", archive(sentence("GPRMC,120000,V,,,,,,,230311,,") + b"$GPGGA,\r\n"))
-        self.write("noise.vrk3", bytes(5000))
+        fixes = "GPRMC,12000%d,A,1000.123,N,02000.%s,E,,,230311,,"
+        for name, data in {
+                **journey(), "none": sentence("GPRMC,120000,V,,,,,,,230311,,") + b"$GPGGA,\r\n", "noise": None,
+                "undated": b"".join(sentence(f"GPGLL,1000.{i},N,02000.0,E,12000{i},A") for i in range(8)),
+                "three": sentence(fixes % (0, "456")) + sentence(fixes % (1, "45")) + gprmc(9, 1, 2),
+                "gn": b"".join(sentence("GN" + (fixes % (i, "4"))[2:]) for i in range(3)),
+                "lost": gprmc(1, 10, 20) + gprmc(2, 0, 0), "parked": gprmc(1, 10, 20) + gpgga(2, 10, 20)}.items():
+            self.write(name + ".vrk3", bytes(5000) if data is None else
+                       data if data.startswith(b"\xb5") else archive(data, ""))
         before = self.files()
-        for line in ("none.vrk3", "-q noise.vrk3 undated.vrk3", "--join a.vrk3", "--gap 0 a.vrk3", "-t raw a.vrk3",
-                     "--from 1 a.vrk3", "--until 24 a.vrk3", "-o x.plt a.vrk3", "--join -o x.gpx noise.vrk3",
-                     "--from 2012-01-01 a.vrk3", "--join -o - -t csv a.vrk3 nix undated.vrk3",
-                     "--from 23:59:59.5 --until 00:02 -t csv -o - a.vrk3", "--until 2011-03-23 -t csv -o - b.vrk3",
-                     "--from 2011-03-24T03:02:02+03 -t csv -o - b.vrk3", "--gap 130 -t csv -o - b.vrk3"):
-            self.track(line)
-        self.assertEqual(self.files(), before)
-        self.assertReference("track.txt", self.lines.encode())
+        self.assertTranscript("track.txt")
+        written = [n for n in self.files() if n not in before]
+        self.assertEqual(len(written), 2 * len(FORMATS))
+        for name in written:
+            self.assertReference(name, self.read(name))
 
     def test_other_programs(self):
+        for name in (f"{n}.{form}" for n in ("journey", "undated") for form in FORMATS):
+            self.write(name, (REFERENCE / name).read_bytes())
         for name in ("journey", "undated"):
             for form in ("gpx", "kml"):
                 schema = REFERENCE.parent / "schemas" / (form + ".xsd")
