@@ -23,7 +23,6 @@ QByteArray _sentences()
            nmeaSentence("GPRMC,000000,A,,,,,,,990099");
 }
 
-// Interleaved fragments, an extension head, two groups, a second header.
 // All sentences that the track is read from.
 QByteArray _otherSentences()
 {
@@ -35,6 +34,7 @@ QByteArray _otherSentences()
            nmeaSentence("GPGLL,5545,S,1,E,2,A") + "$IIGLL,5545.1,N,03737.0,E,120107,A\r\n";
 }
 
+// Interleaved fragments, an extension head, two groups, a second header.
 QByteArray _rich()
 {
     cArchiveWriter w;
@@ -64,7 +64,7 @@ QByteArray _texts()
 QByteArray _damaged()
 {
     cArchiveWriter w;
-    w.rawBytes("\x05\xB5\xB5\xB5 ahead \xB5\xB5");
+    w.rawBytes("\x05\xB5\xB5\xB5 before \xB5\xB5");
     w.header("", {{253, 4}});
     w.index(0, 0);
     w.block(9, "unknown stream");
@@ -74,12 +74,14 @@ QByteArray _damaged()
     return w.take();
 }
 
-// A header whose title does not end, between a good one and a group of blocks.
+// Headers whose title or table does not end, between a good one and a group of blocks. The harness
+// replaces the bytes from 0xFC on.
 QByteArray _open()
 {
     cArchiveWriter w;
     w.header("T", {{253, 4}});
-    w.rawBytes("\xB5\xB5\x05\xB5 \xB5\xB5\x05\xB5 \xFE\xFE\xFE");
+    w.rawBytes(QByteArray("\xB5\xB5\x05\xB5 \xB5\xB5\x05\xB5\xF0\xFF\0\0\0a\0b", 17));
+    w.rawBytes("\xFC\xFE\xFE\xFE");
     w.index(0, 0);
     w.block(253, _sentences().first(70));
     return w.take();
