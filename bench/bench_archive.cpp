@@ -34,9 +34,11 @@ QByteArray _beginning()
 }
 
 // Feeds `beginning` once and then `pattern` repeatedly, in chunks, to a parser with a connected
-// receiver.
-void _walk(benchmark::State &state, const QByteArray &beginning, QByteArray pattern)
+// receiver. If gpsOnly is set, the pattern is a block of another stream.
+void _walk(benchmark::State &state, const QByteArray &beginning, QByteArray pattern,
+           bool gpsOnly = false)
 {
+    const qsizetype blockSize = pattern.size();
     // Whole chunks, so that the pattern continues correctly from the last to the first.
     while (pattern.size() % CHUNK != 0 || pattern.size() < CHUNK)
         pattern += pattern;
@@ -44,6 +46,8 @@ void _walk(benchmark::State &state, const QByteArray &beginning, QByteArray patt
     for (qsizetype pos = 0; pos < pattern.size(); pos += CHUNK)
         chunks += pattern.mid(pos, CHUNK);
     cVrk3Parser parser;
+    if (gpsOnly)
+        parser.deliverOnly(253, 4);
     cListener listener;
     QObject::connect(&parser, SIGNAL(signal_Data(DATA_T)), &listener, SLOT(slot_Data(DATA_T)));
     parser.slot_Data(beginning);
@@ -53,9 +57,10 @@ void _walk(benchmark::State &state, const QByteArray &beginning, QByteArray patt
         next = (next + 1) % chunks.size();
     }
     state.SetBytesProcessed(state.iterations() * CHUNK);
-    if (listener.blocks > 0)
+    const qint64 blocks = gpsOnly ? parser.account().received / blockSize : listener.blocks;
+    if (blocks > 0)
         state.counters["per block"] = benchmark::Counter(
-            double(listener.blocks), benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+            double(blocks), benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
 QByteArray _blocks(int payload)
@@ -65,12 +70,26 @@ QByteArray _blocks(int payload)
     return w.take();
 }
 
-void noise(benchmark::State &state)
+QByteArray _noise()
 {
     QRandomGenerator random(1);
     QByteArray bytes(16 * CHUNK, Qt::Uninitialized);
     random.fillRange(reinterpret_cast<quint32 *>(bytes.data()), bytes.size() / 4);
-    _walk(state, {}, bytes);
+    return bytes;
+}
+
+QByteArray _header()
+{
+    cArchiveWriter w;
+    w.header("T", {{2, 2}, {253, 4}});
+    return w.take();
+}
+
+// Headers whose strings are open for as long as the tables and texts of all of them reach.
+void nestedHeaders(benchmark::State &state)
+{
+    const QByteArray header = QByteArray::fromHex("b5b505b5 ffffffff 6162636400");
+    _walk(state, {}, header.repeated(5041) + QByteArray(65539, 'x'));
 }
 
 void largeBlocks(benchmark::State &state)
@@ -101,14 +120,17 @@ void bareSignal(benchmark::State &state)
 }
 } // namespace
 
-BENCHMARK(noise);
+BENCHMARK_CAPTURE(_walk, noise, QByteArray(), _noise());
+BENCHMARK_CAPTURE(_walk, noiseAfterHeader, _header(), _noise());
 BENCHMARK_CAPTURE(_walk, onlyB5, QByteArray(), QByteArray("\xB5"));
 BENCHMARK_CAPTURE(_walk, only05, QByteArray(), QByteArray("\x05"));
 BENCHMARK_CAPTURE(_walk, magicsWithoutZero, QByteArray(), QByteArray("\xB5\xB5\x05\xB5"));
-BENCHMARK_CAPTURE(_walk, magicsBehindHeader, _beginning(), QByteArray("\xB5\xB5\x05\xB5xxxx"));
+BENCHMARK_CAPTURE(_walk, magicsAfterHeader, _header(), QByteArray("\xB5\xB5\x05\xB5xxxx"));
 BENCHMARK(largeBlocks);
 BENCHMARK(blocksOf40Bytes);
+BENCHMARK_CAPTURE(_walk, skippedBlocksOf40Bytes, _beginning(), _blocks(36), true);
 BENCHMARK(bareSignal);
 BENCHMARK(recordsOnly);
+BENCHMARK(nestedHeaders);
 
 #include "bench_archive.moc"

@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace
 {
@@ -31,15 +32,23 @@ public:
             return _noise();
         if (is("b5"))
             return {MEBIBYTE, '\xB5'};
+        if (is("05"))
+            return {MEBIBYTE, '\x05'};
         if (is("magics"))
             return _fill("\xB5\xB5\x05\xB5");
+        if (is("nested"))
+            return _nested();
         if (is("text"))
             return _text();
-        if (!m_begun) {
+        const bool isFirst = !std::exchange(m_begun, true);
+        if (isFirst)
             m_writer.header("A drive", {{2, 2}, {253, 4}});
-            m_writer.index(0, 0);
-            m_begun = true;
+        if (is("noise-after-header")) {
+            m_writer.rawBytes(_noise());
+            return m_writer.take();
         }
+        if (isFirst)
+            m_writer.index(0, 0);
         if (is("others")) { // large blocks of a camera, and little text
             for (int i = 0; i < 32; ++i)
                 m_writer.block(2, QByteArray(32000, 'v'));
@@ -48,6 +57,11 @@ public:
             const QByteArray payload(36, 'x');
             while (m_writer.bytes().size() < MEBIBYTE)
                 m_writer.block(2, payload);
+        } else if (is("tiny")) {
+            while (m_writer.bytes().size() < MEBIBYTE) {
+                m_writer.header({}, {});
+                m_writer.index(0, 0);
+            }
         } else if (is("receiver")) {
             const QByteArray text = _text();
             for (qsizetype pos = 0; pos < text.size(); pos += TEXT_BLOCK)
@@ -64,6 +78,19 @@ private:
         QByteArray bytes(MEBIBYTE, Qt::Uninitialized);
         m_random.fillRange(reinterpret_cast<quint32 *>(bytes.data()), bytes.size() / 4);
         return bytes;
+    }
+
+    // Headers whose tables end just before a string that is too long, with their last entry in it.
+    static QByteArray _nested()
+    {
+        QByteArray bytes;
+        for (int left = 65'000; left > 13; left -= 13) {
+            bytes += QByteArray::fromHex("b5b505b5");
+            bytes += char(left);
+            bytes += char(left >> 8);
+            bytes += QByteArray("\0\0\0a\0b\0", 7);
+        }
+        return (bytes + QByteArray(200'000, 'x')).repeated(4);
     }
 
     QByteArray _text()
@@ -86,8 +113,9 @@ int main(int argc, char **argv)
     const qint64 size = argc == 4 ? QByteArray(argv[2]).toLongLong() * MEBIBYTE : 0;
     QFile file(argc == 4 ? QString::fromLocal8Bit(argv[3]) : QString());
     if (size <= 0 || !file.open(QIODevice::WriteOnly)) {
-        std::fprintf(stderr, "usage: makeinput noise|b5|magics|others|blocks40|receiver|text "
-                             "MEBIBYTES FILE\n");
+        std::fprintf(stderr, "usage: makeinput KIND MEBIBYTES FILE\n"
+                             "Kinds: noise, noise-after-header, b5, 05, magics, nested, others, "
+                             "blocks40, tiny, receiver, text\n");
         return 2;
     }
     cInput input;
