@@ -7,7 +7,6 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <ranges>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -66,8 +65,8 @@ QString cBorrowedHeader::read(const QString &archive)
                              return;
                          m_record = _record(hdr);
                          // Backwards, because the first entry with an id counts.
-                         for (const STREAM_T &stream : std::views::reverse(hdr.streams))
-                             m_types.at(stream.id) = stream.type;
+                         std::for_each(hdr.streams.crbegin(), hdr.streams.crend(),
+                                       [this](const STREAM_T &s) { m_types.at(s.id) = s.type; });
                      });
     cInputFile input(archive);
     QByteArray block;
