@@ -240,21 +240,24 @@ void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T result)
     }
 }
 
-// Gives the files of a result their names. Returns an error message, empty on success.
+// Gives the files of a result their names: all of them, or none if one is in error. Returns an
+// error message, empty on success.
 QString cCommand::_commit(const RESULT_T &result)
 {
-    for (const auto &file : result.files) {
-        QString reason;
-        if (const auto id = _regularFile(file->name()); id && m_outputs.contains(*id))
-            reason = u"another archive has the same output"_s;
-        else if (!file->commit())
-            reason = file->error();
-        if (!reason.isEmpty()) {
-            const QString name = displayName(file->name(), u"standard output"_s);
-            return u"cannot write %1: %2"_s.arg(name, reason);
+    for (const bool publish : {false, true}) {
+        for (const auto &file : result.files) {
+            QString reason;
+            if (const auto id = _regularFile(file->name()); id && m_outputs.contains(*id))
+                reason = u"another archive has the same output"_s;
+            else if (!(publish ? file->commit() : file->finish()))
+                reason = file->error();
+            if (!reason.isEmpty()) {
+                const QString name = displayName(file->name(), u"standard output"_s);
+                return u"cannot write %1: %2"_s.arg(name, reason);
+            }
+            if (const auto id = _regularFile(file->name()); id && publish)
+                m_outputs.insert(*id);
         }
-        if (const auto id = _regularFile(file->name()))
-            m_outputs.insert(*id);
     }
     return {};
 }

@@ -106,7 +106,7 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
             QObject::connect(&chain.raw(), SIGNAL(signal_Data(QByteArray)), &check,
                              SLOT(slot_Data(QByteArray)));
         }
-        feed.run(chain.parser(), progress, output.get());
+        feed.run(chain.parser(), progress, [&] { return !output->isOpen(); });
         if (hasPoints)
             result.warnings =
                 check.warnings(chain.decoder()->account(), u"this format"_s, extension);

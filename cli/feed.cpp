@@ -2,7 +2,7 @@
 
 cFeed::cFeed(const ARCHIVE_T &archive) : m_input(archive.name), m_header(archive.header) {}
 
-void cFeed::run(cVrk3Parser &parser, cProgress &progress, const cOutputFile *output)
+void cFeed::run(cVrk3Parser &parser, cProgress &progress, const std::function<bool()> &isDone)
 {
     QByteArray block;
     if (m_header) {
@@ -15,7 +15,7 @@ void cFeed::run(cVrk3Parser &parser, cProgress &progress, const cOutputFile *out
         m_isBorrowed = false;
         parser.slot_Data(start.mid(m_lead.skipped));
     }
-    while ((!output || output->error().isEmpty()) && m_input.next(block)) {
+    while (!isDone() && m_input.next(block)) {
         parser.slot_Data(block);
         progress.setPosition(m_input.position(), m_input.size());
     }

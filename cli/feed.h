@@ -5,8 +5,9 @@
 #include "cli/archives.h"
 #include "cli/borrowedheader.h"
 #include "cli/inputfile.h"
-#include "cli/outputfile.h"
 #include "cli/progress.h"
+
+#include <functional>
 
 // Reads an archive and feeds it to a parser, after a borrowed header if there is one. Offsets and
 // the account are those of the archive, without the borrowed bytes.
@@ -15,8 +16,10 @@ class cFeed
 public:
     explicit cFeed(const ARCHIVE_T &archive);
 
-    // Feeds the archive to the end, or until the output, which may be null, is in error.
-    void run(cVrk3Parser &parser, cProgress &progress, const cOutputFile *output = nullptr);
+    // Feeds the archive to the end, or until isDone returns true.
+    void run(
+        cVrk3Parser &parser, cProgress &progress,
+        const std::function<bool()> &isDone = [] { return false; });
 
     // Why the archive could not be read completely; empty if all is well.
     const QString &error() const { return m_input.error(); }

@@ -1,5 +1,6 @@
 // vrk3: what the window does, as a command, for many archives and for machines without a screen.
 #include "cli/convert.h"
+#include "cli/extract.h"
 #include "cli/info.h"
 #include "cli/interrupt.h"
 #include "cli/messages.h"
@@ -86,7 +87,9 @@ int _run(const QStringList &arguments)
     cConvert convert;
     cInfo info;
     cPlot plot;
-    const commands all = {&track, &convert, &info, &plot}; // the first is suggested for an archive
+    cExtract extract;
+    const commands all = {&track, &convert, &info, &plot,
+                          &extract}; // the first is suggested for an archive
 
     const QString first = arguments.value(1);
     if (first.isEmpty()) {
@@ -115,6 +118,7 @@ int main(int argc, char *argv[])
 {
     openStandardStreams();
     setSignals();
+    raiseFileLimit();
     catchInterrupts();
 
     // Under a locale that is not UTF-8, Qt switches to UTF-8 and warns at every start. Scripts and

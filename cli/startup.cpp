@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <new>
 #include <string_view>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace
@@ -48,6 +49,15 @@ void setSignals()
     std::signal(SIGPIPE, SIG_DFL);
     std::signal(SIGXFSZ, SIG_IGN);
     std::set_terminate(_terminate);
+}
+
+void raiseFileLimit()
+{
+    struct rlimit limit = {};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) == 0) {
+        limit.rlim_cur = limit.rlim_max;
+        (void)::setrlimit(RLIMIT_NOFILE, &limit);
+    }
 }
 
 QStringList decodeArguments(int argc, char **argv)

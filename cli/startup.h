@@ -15,6 +15,10 @@ void openStandardStreams();
 // exception can be caught.
 void setSignals();
 
+// Permits as many open files as the system allows. The default of 1024 is less than the outputs of
+// a few archives with many streams.
+void raiseFileLimit();
+
 // Decodes the program's arguments with decodeFileName.
 QStringList decodeArguments(int argc, char **argv);
 

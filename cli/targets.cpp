@@ -64,10 +64,16 @@ std::shared_ptr<cOutputFile> cTargets::open(const ARCHIVE_T &archive, const QStr
 {
     if (!m_folder.isEmpty() && !archive.subfolder.isEmpty())
         (void)QDir(m_folder).mkpath(archive.subfolder); // on failure the next line fails
-    return std::make_shared<cOutputFile>(_nameFor(archive, extension), m_existing, inputs);
+    return openFile(nameFor(archive, extension), inputs);
 }
 
-QString cTargets::_nameFor(const ARCHIVE_T &archive, const QString &extension) const
+std::shared_ptr<cOutputFile> cTargets::openFile(const QString &name,
+                                                const QSet<FILEID_T> &inputs) const
+{
+    return std::make_shared<cOutputFile>(name, m_existing, inputs);
+}
+
+QString cTargets::nameFor(const ARCHIVE_T &archive, const QString &extension) const
 {
     if (!m_file.isEmpty())
         return m_file;

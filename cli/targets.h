@@ -26,14 +26,19 @@ public:
     std::shared_ptr<cOutputFile> open(const ARCHIVE_T &archive, const QString &extension,
                                       const QSet<FILEID_T> &inputs) const;
 
+    // Opens another output under the same rules for existing files. Never null.
+    std::shared_ptr<cOutputFile> openFile(const QString &name, const QSet<FILEID_T> &inputs) const;
+    // The name of the output for an archive.
+    QString nameFor(const ARCHIVE_T &archive, const QString &extension) const;
+
+    // Whether -o was given.
+    bool isFileSet() const { return !m_file.isEmpty(); }
     // The extension of -o's file with its dot, in lower case; empty if there is none.
     QString extension() const;
     // The error message for an extension that the command does not know.
     QString unknownFormat() const;
 
 private:
-    QString _nameFor(const ARCHIVE_T &archive, const QString &extension) const;
-
     QString m_file;
     QString m_folder;
     EXISTING_T m_existing = EXISTING_FAIL;
