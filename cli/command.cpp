@@ -240,8 +240,8 @@ void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T result)
     }
 }
 
-// Gives the files of a result their names: all of them, or none if one is in error. Returns an
-// error message, empty on success.
+// Publishes the files of a result under their names: all of them, or none if one is in error.
+// Returns an error message, empty on success.
 QString cCommand::_commit(const RESULT_T &result)
 {
     for (const bool publish : {false, true}) {

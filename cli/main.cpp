@@ -88,8 +88,8 @@ int _run(const QStringList &arguments)
     cInfo info;
     cPlot plot;
     cExtract extract;
-    const commands all = {&track, &convert, &info, &plot,
-                          &extract}; // the first is suggested for an archive
+    // The first is suggested for an archive.
+    const commands all = {&track, &convert, &info, &plot, &extract};
 
     const QString first = arguments.value(1);
     if (first.isEmpty()) {

@@ -4,8 +4,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// Whether these bytes are a start code of Annex B and a parameter set or a delimiter, with which
-// each stream of H.264 begins.
+// Whether the bytes begin with a start code of Annex B and a sequence parameter set or an access
+// unit delimiter. Every H.264 stream begins like this.
 bool _isH264(const QByteArray &start)
 {
     constexpr int typeMask = 0x9F; // with the bit that is always 0

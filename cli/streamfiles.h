@@ -17,32 +17,32 @@ struct STREAM_CHOICE_T {
     int type = -1;
 };
 
-// Writes the payloads of an archive's streams to a file for each id, and a table of the blocks.
-// Connect the signals of the parser.
+// Writes the payloads of an archive's streams to one file for each id, and a table of the blocks.
+// Connects itself to the parser.
 class cStreamFiles : public QObject
 {
     Q_OBJECT
 
 public:
-    // Opens the file for a stream.
+    // Opens the file for a stream; never returns null.
     using OPEN_T =
         std::function<std::shared_ptr<cOutputFile>(int id, const QString &mediaExtension)>;
 
-    // The index may be null. The parser is that of the feed.
+    // The index may be null. The feed and the parser that it feeds must outlive this object.
     cStreamFiles(const STREAM_CHOICE_T &choice, OPEN_T open, std::shared_ptr<cOutputFile> index,
                  const cFeed &feed, const cVrk3Parser &parser);
 
-    // Whether there is nothing more to do: a file could not be written, or the only one exists and
-    // is to be left alone.
+    // True if the rest of the archive need not be read: a file could not be written, or the only
+    // one exists and must be left alone.
     bool isDone() const;
-    // Writes everything to the disk, with an empty file for each chosen stream without a block.
-    // Returns why no file was written; empty if one was or if a file is in error.
+    // Writes all data to the disk, with an empty file for each chosen stream without a block.
+    // Returns an error message if the archive has no such stream; errors of files are in files().
     QString finish();
 
-    // The files, that of the index last; they may be in error. If the only stream's file exists and
-    // is to be left alone, the index is not among them.
+    // The files, the index last; check each for errors. If the only stream's file exists and must
+    // be left alone, the index is not among them.
     QList<std::shared_ptr<cOutputFile>> files() const;
-    // What was written, without what was lost.
+    // What the files contain.
     qsizetype count() const { return m_files.size(); } // streams
     qint64 blocks() const { return m_blocks; }
     qint64 bytes() const { return m_bytes; }
@@ -54,7 +54,7 @@ private Q_SLOTS:
 
 private:
     struct FILE_T {
-        QByteArray start; // until the file is open
+        QByteArray start; // the first bytes, until the file is open
         qint64 size = 0;
         std::shared_ptr<cOutputFile> output;
     };
