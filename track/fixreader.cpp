@@ -28,6 +28,9 @@ constexpr qsizetype MAX_POSITIONS = 16;
 constexpr qint64 MAX_BACKWARD = MS_PER_HOUR;
 // Years of two digits from here on belong to the last century.
 constexpr int FIRST_YEAR = 80;
+constexpr int MAX_YEAR = 9999;
+// Some receivers change the date a few seconds after midnight.
+constexpr int MAX_OLD_DATE = 10 * MS_PER_SECOND;
 constexpr qint64 JULIAN_DAY_OF_1970 = 2440588;
 
 // Digits as a number; a negative one for anything else.
@@ -65,7 +68,7 @@ int _time(QByteArrayView field)
 std::optional<qint64> _day(int year, int month, int day)
 {
     const QDate date(year, month, day);
-    if (year < 1 || !date.isValid())
+    if (year < 1 || year > MAX_YEAR || !date.isValid())
         return {};
     return date.toJulianDay() - JULIAN_DAY_OF_1970;
 }
@@ -147,13 +150,14 @@ void cFixReader::_slot_Sentence(const QByteArray &sentence)
         read(&cFixReader::_gsa);
 }
 
-// Sets m_fields to the name and the fields of a sentence; fields it does not have are empty.
+// Sets m_fields to the name and the fields of a sentence, without the spaces around them; fields it
+// does not have are empty.
 void cFixReader::_split(QByteArrayView sentence)
 {
     m_fieldCount = 0;
     while (m_fieldCount < FIELDS_READ) {
         const qsizetype comma = sentence.indexOf(',');
-        m_fields.at(m_fieldCount++) = comma < 0 ? sentence : sentence.first(comma);
+        m_fields.at(m_fieldCount++) = (comma < 0 ? sentence : sentence.first(comma)).trimmed();
         if (comma < 0)
             break;
         sentence = sentence.sliced(comma + 1);
@@ -377,10 +381,11 @@ void cFixReader::_close(INSTANT_T &instant)
     }
     if (instant.day) {
         const qint64 offset = *instant.day * MS_PER_DAY + instant.time - fix.time;
-        if (instant.located) {
+        const bool isOld = instant.time < MAX_OLD_DATE && m_offset == offset + MS_PER_DAY;
+        if (instant.located && !isOld) {
             m_offset = offset;
             _settle(offset);
-        } else {
+        } else if (!instant.located) {
             m_guess = offset;
         }
     }
