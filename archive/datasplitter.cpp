@@ -5,13 +5,13 @@
 
 namespace
 {
-// The least number of bytes that are copied to continue with bytes of an earlier array.
+// Copies at least this many bytes when a read crosses from one array to the next.
 constexpr qsizetype SEAM = 256;
 // Number of offsets that one step of the search for a four-byte value examines.
 constexpr qsizetype SEARCH_STEP = 512;
 
-// Whether matches(i) holds for an i below SEARCH_STEP. There are no branches, so the compiler can
-// use vector instructions and the time does not depend on the bytes.
+// Returns true if matches(i) holds for any i below SEARCH_STEP. There are no branches, so the
+// compiler can use vector instructions and the time does not depend on the bytes.
 template <typename F>
 bool _any(F matches)
 {
@@ -21,7 +21,7 @@ bool _any(F matches)
     return hit != 0;
 }
 
-// Whether a pair of bytes begins at one of the SEARCH_STEP bytes at p.
+// Returns true if a pair of bytes begins at one of the SEARCH_STEP bytes at p.
 bool _hasPair(const char *p, quint16 pair)
 {
     const char b0 = char(pair);
@@ -29,7 +29,7 @@ bool _hasPair(const char *p, quint16 pair)
     return _any([=](qsizetype i) { return (p[i] == b0) & (p[i + 1] == b1); });
 }
 
-// Whether a four-byte value does.
+// The same for a four-byte value.
 bool _hasValue(const char *p, quint32 value)
 {
     const char b0 = char(value);
@@ -51,7 +51,7 @@ qsizetype cDataSplitter::append(const QByteArray &a, qsizetype pos)
 {
     if (m_size <= pos) {
         m_buffer = a;
-        m_front = a.constData() + pos - m_size; // the unread bytes are those before pos
+        m_front = a.constData() + pos - m_size; // the m_size bytes before pos are unread
         m_size += a.size() - pos;
         return a.size();
     }
@@ -71,8 +71,8 @@ void cDataSplitter::release()
 
 void cDataSplitter::_append(QByteArrayView bytes)
 {
-    // Consumed bytes are removed once they make up at least half of the buffer. The bytes moved are
-    // then never more than the bytes consumed.
+    // Consumed bytes are removed once they make up at least half of the buffer. So it never moves
+    // more bytes than have been consumed.
     qsizetype head = m_buffer.size() - m_size;
     if (head >= m_size) {
         m_buffer.remove(0, head);

@@ -22,11 +22,11 @@ public:
 
     // Appends a copy of the bytes of a.
     void append(const QByteArray &a);
-    // Appends bytes of a, the first of them at pos, and returns the offset after the last one.
-    // Appends all of them, and reads them in place, if no bytes from before `a` are unread.
-    // Otherwise appends a copy of about as many as the last failed read needed. To use a whole
-    // array, begin with pos 0, read, and repeat with the offset returned until that is a.size().
-    // Then call release().
+    // Appends bytes of a, starting at pos, and returns the offset after the last one appended. If
+    // no bytes received before `a` are unread, appends all the rest of `a` and reads it in place.
+    // Otherwise copies about as many bytes as the last failed read needed. To append a whole array,
+    // start with pos 0, read, and repeat with the returned offset until it is a.size(). Then call
+    // release().
     qsizetype append(const QByteArray &a, qsizetype pos);
     // Copies the unread bytes of an array that is read in place. Without this call, the array's
     // owner would copy the whole array when changing it.
@@ -41,6 +41,7 @@ public:
     // Throws unless the buffer holds n bytes.
     void require(qsizetype n) const;
 
+    // Blocks of len bytes.
     QByteArray peek_block(int pos, int len) const;
     QByteArray get_block(int &pos, int len) const;
     // The same, but replaces the contents of block. Its memory is reused unless it is shared.
@@ -54,14 +55,15 @@ public:
     QByteArray peek_string() const { return peek_string(0); }
     QByteArray get_string();
 
+    // Integers, least significant byte first.
     quint8 get_quint8(int &pos) const { return _get<quint8>(pos); }
     quint16 get_quint16(int &pos) const { return _get<quint16>(pos); }
     quint32 get_quint32(int &pos) const { return _get<quint32>(pos); }
     quint32 peek_quint32() const { return _peek<quint32>(0); }
     // Returns the first offset below limit at which four bytes read as a or b. If there is none,
-    // returns limit or the first offset that is followed by fewer than four bytes, whichever is
-    // less. `mark` is two consecutive bytes that occur in both values, as a little-endian number.
-    // The search is fastest where they do not occur.
+    // returns limit or the first offset with fewer than four bytes left, whichever is less. `mark`
+    // is two consecutive bytes that occur in both values, as a little-endian number. The search is
+    // fastest where they do not occur.
     qsizetype find_quint32(quint32 a, quint32 b, quint16 mark, qsizetype limit) const;
 
     // Consumes the first n bytes.

@@ -14,7 +14,7 @@ bool _isTag(int byte)
 
 QByteArray _string(const cDataSplitter &data, int &pos)
 {
-    // Large tables consist of empty strings. These share their memory.
+    // Large tables consist of empty strings, so these share one array.
     static const QByteArray empty(1, '\0');
     if (data.bytes()[pos] != '\0')
         return data.get_string(pos);
@@ -64,7 +64,7 @@ cHdrReader::RESULT_T cHdrReader::read(const cDataSplitter &data, HDR_T &hdr, qsi
     return RECORD;
 }
 
-// Finds the last zero bytes before the limit, or before the last byte that has arrived.
+// Finds the last zero bytes before the limit, or among the bytes that have arrived.
 void cHdrReader::_findLastZeros(const cDataSplitter &data)
 {
     const qint64 front = data.offset();
@@ -79,8 +79,8 @@ void cHdrReader::_findLastZeros(const cDataSplitter &data)
     m_zerosTo = qMax(m_zerosTo, front + end);
 }
 
-// Whether a string of the record at the front is open at the limit, or at the last byte that has
-// arrived. Sets size as read() does.
+// Returns true if a string of the record at the front is open at the limit, or at the end of the
+// bytes that have arrived. Sets size as read() does.
 bool cHdrReader::_isOpen(const cDataSplitter &data, const HDR_T &hdr, qsizetype &size)
 {
     _findLastZeros(data);
@@ -98,7 +98,8 @@ bool cHdrReader::_isOpen(const cDataSplitter &data, const HDR_T &hdr, qsizetype 
     // The table ends with a zero byte at or after its last byte.
     if (run < tableEnd)
         return true;
-    // After any zero byte the tag texts continue with a tag or a filler, and so does the run.
+    // After any zero byte, the tag texts continue with a tag or a filler. So the first tag in the
+    // run begins a string that is open.
     m_tag = qMax(m_tag, run);
     while (m_tag < end && !_isTag(data.bytes()[m_tag - front]))
         ++m_tag;

@@ -8,13 +8,14 @@
 
 #include <array>
 
-// Reads HDR records and rejects bytes that only begin like one.
+// Reads HDR records and rejects bytes that only look like the start of one. Use one reader for each
+// archive.
 //
-// A magic that occurs in noise, or was placed to do harm, may open a string that never ends.
-// Waiting for the end would lose everything that follows. So a string that is still open
-// HDR_STRING_LIMIT bytes after the magic's first byte means that the bytes are not a record.
+// A magic that occurs in noise, or was put there to do harm, may be followed by a string that never
+// ends. Waiting for the end would lose everything that follows. So if a string is still open
+// HDR_STRING_LIMIT bytes after the magic's first byte, the bytes are not a record.
 //
-// Many such magics are not slow, even if the strings of all of them run into the same bytes: the
+// Many such magics are not slow to reject, even if all their strings run into the same bytes: the
 // reader searches each byte for zeros and tags only once, and it remembers where the entries of
 // stream tables lead.
 class cHdrReader
@@ -22,10 +23,10 @@ class cHdrReader
 public:
     enum RESULT_T { RECORD, NO_RECORD, INCOMPLETE };
 
-    // Reads the record at the front of data, where a HDR magic is.
+    // Reads the record at the front of data, which begins with a HDR magic. Consumes nothing.
     // RECORD: hdr is the record, and size its length.
-    // NO_RECORD: no record begins at the first `size` bytes, of which there is at least one.
-    // INCOMPLETE: the result depends on bytes that have not arrived.
+    // NO_RECORD: no record begins at any of the first `size` bytes; size is at least 1.
+    // INCOMPLETE: the result depends on bytes that have not arrived. Call again with more.
     RESULT_T read(const cDataSplitter &data, HDR_T &hdr, qsizetype &size);
 
 private:

@@ -13,9 +13,9 @@ inline constexpr int HDRTXT_TITLE = 256;
 // characters.
 QString hdrText(const QByteArray &string);
 
-// Sends the texts of each HDR record as numbered text: first the title, then the second text of
-// each stream under the stream's id, in the order of the table. Entries of type 0 are not streams
-// and are left out. Nothing is stored.
+// Sends the texts of each HDR record, each with a number: first the title with HDRTXT_TITLE, then
+// the second text of each stream with the stream's id, in the order of the table. Entries of type 0
+// are not streams and are left out. Nothing is stored.
 class cHdrTxts : public QObject
 {
     Q_OBJECT

@@ -8,8 +8,7 @@
 // describes the format.
 //
 // A string is a run of non-zero bytes followed by one zero byte. The records keep the zero byte, so
-// a string of n characters is an array of n + 1 bytes. Copies of a record share its bytes
-// implicitly.
+// a string of n characters is an array of n + 1 bytes. A copy of a record shares its bytes.
 
 // The first four bytes of HDR and IDX records.
 inline constexpr quint32 HDR_MAGIC = 0xB505B5B5; // B5 B5 05 B5 in the file

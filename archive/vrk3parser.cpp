@@ -37,7 +37,7 @@ void cVrk3Parser::_parse()
     m_isWaiting = false;
     try {
         _skipBlock();
-        // No state can do anything with fewer bytes.
+        // Every state needs at least four bytes.
         while (!m_isWaiting && m_data.size() >= MAGIC_SIZE) {
             if (m_state == STATE_HDR)
                 _parseHDR();
@@ -62,7 +62,7 @@ void cVrk3Parser::_parseHDR()
         m_isWaiting = true;
         return;
     case cHdrReader::NO_RECORD: {
-        // The last header stays in force, so IDX records count again.
+        // The previous header remains valid, so the search for an IDX record continues.
         const bool hasHeader = m_hdr.magic == HDR_MAGIC;
         m_state = hasHeader ? STATE_IDX : STATE_HDR;
         _drop(hasHeader ? m_data.find_quint32(IDX_MAGIC, IDX_MAGIC, MAGIC_MARK, size) : size);
@@ -76,7 +76,7 @@ void cVrk3Parser::_parseHDR()
     m_hdr = std::move(hdr);
     m_entryOf.fill(-1);
     for (int i = int(m_hdr.streams.size()) - 1; i >= 0; --i)
-        m_entryOf[m_hdr.streams.at(i).id] = i; // backwards: the first entry with an id counts
+        m_entryOf[m_hdr.streams.at(i).id] = i; // backwards, so that the first entry counts
     m_block.stream = STREAM_T();
     m_state = STATE_IDX;
     Q_EMIT signal_Data(m_hdr);
@@ -224,7 +224,7 @@ void cVrk3Parser::_lose(const DATA_T &unfinished)
     ++m_account.lostBlocks;
 }
 
-// Drops the bytes before the next a or b. Returns the one found, 0 if it has not arrived.
+// Skips the bytes before the next a or b. Returns the value found, or 0 if none has arrived.
 quint32 cVrk3Parser::_scan(quint32 a, quint32 b)
 {
     const quint32 front = m_data.peek_quint32();

@@ -16,11 +16,11 @@ struct STRETCH_T {
     qint64 length = 0;
 };
 
-// What became of the bytes that a parser received. Each byte is counted in exactly one of the sums
+// How the bytes that a parser received were used. Each byte is counted in exactly one of the sums
 // from `scanned` to `buffered`, so they add up to `received`.
 struct ACCOUNT_T {
     qint64 received = 0;
-    qint64 scanned = 0;    // skipped in the search for a record
+    qint64 scanned = 0;    // skipped while searching for a record
     qint64 hdr = 0;        // HDR records
     qint64 idx = 0;        // IDX records
     qint64 heads = 0;      // heads of blocks, including extension heads
@@ -40,11 +40,11 @@ struct ACCOUNT_T {
 // Pass the archive to slot_Data from its first byte on, in chunks of any size; the size does not
 // affect the result. Each record is emitted as soon as it is complete, in the order of the file.
 // The fragments of a logical block are joined. Bytes it cannot interpret are skipped silently; no
-// input is an error. The end of the input needs no call: an incomplete record is dropped when the
-// parser is destroyed.
+// input is an error. No call is needed at the end of the input: an incomplete record is discarded
+// when the parser is destroyed.
 //
-// A record passed by a signal is valid only during the call. A receiver must not call slot_Data
-// from within a signal.
+// A record passed by a signal is valid only during the call. A slot connected to it must not call
+// slot_Data.
 class cVrk3Parser : public QObject
 {
     Q_OBJECT

@@ -85,7 +85,7 @@ QByteArray _header()
     return w.take();
 }
 
-// Headers whose strings are open for as long as the tables and texts of all of them reach.
+// Headers whose tables all run into the same string, which is too long.
 void nestedHeaders(benchmark::State &state)
 {
     const QByteArray header = QByteArray::fromHex("b5b505b5 ffffffff 6162636400");

@@ -1,5 +1,5 @@
-// Speed of the conversion of receiver text to each format and of its parts, next to Qt's functions
-// where there are any.
+// Speed of the conversion of receiver text to each format, and of its parts. Where Qt has such a
+// function, it is measured for comparison.
 #include "gps/gpschain.h"
 #include "sample/receivertext.h"
 

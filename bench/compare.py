@@ -1,4 +1,4 @@
-"""Times the programs next to well-known ones and prints a table.
+"""Measures the programs side by side with well-known ones and prints a table.
 
 Usage: bench/compare [ROW...]    without ROW, all rows
 """
@@ -29,7 +29,7 @@ def walk(name, what, kind, goal="at most 1.5"):
 
 
 def blocks(name, what, kind):
-    """Measures the cost of one block in an archive of very many small ones."""
+    """Measures the cost of one block in an archive of many small ones."""
     archive = make_input(kind, 1024)
     cost = median_of(lambda: convert("raw", archive))
     count = archive.stat().st_size / 40
@@ -46,7 +46,7 @@ def speed(name, what, kind):
 
 
 def track(name, what, to):
-    """Converts receiver text to a track; gpsbabel reads the plain text, vrk3 an archive with it.
+    """Converts receiver text to a track. gpsbabel reads the plain text; vrk3 reads an archive with it.
 
     The outputs are in memory, because this does not compare disks.
     """

@@ -18,8 +18,8 @@ QString _decode(const fs::path &path)
     return decodeFileName(path.c_str());
 }
 
-// Appends the archives in a folder, with paths relative to its root. This is not QDirIterator
-// because that skips folders that it may not read without a word.
+// Appends the archives in a subfolder of root. It does not use QDirIterator, which silently skips
+// folders that it cannot read.
 void _appendFolder(const fs::path &root, const fs::path &subfolder, bool recursive,
                    QList<ARCHIVE_T> &archives)
 {
@@ -58,8 +58,8 @@ QList<ARCHIVE_T> findArchives(const QStringList &arguments, bool recursive)
         if (archives.size() == first)
             archives.append({argument,
                              {},
-                             recursive ? u"no .vrk3 files in or below this folder"_s
-                                       : u"no .vrk3 files in this folder (-r looks below it)"_s});
+                             recursive ? u"no .vrk3 files in this folder or its subfolders"_s
+                                       : u"no .vrk3 files in this folder (use -r to search its subfolders)"_s});
         std::sort(archives.begin() + first, archives.end(),
                   [](const ARCHIVE_T &a, const ARCHIVE_T &b) { return a.name < b.name; });
     }

@@ -30,7 +30,7 @@ bool _isMagic(const QByteArray &start, qsizetype pos)
     return value == IDX_MAGIC || value == HDR_MAGIC;
 }
 
-// The record of a header, without its title and its numbered texts.
+// Returns the record of a header, without its title and its numbered texts.
 QByteArray _record(const HDR_T &hdr)
 {
     QByteArray table(1, '\0');
@@ -46,8 +46,8 @@ QByteArray _record(const HDR_T &hdr)
     return record + table;
 }
 
-// Whether the rest of a block is text of the receiver with the start of a sentence. It may begin
-// with the rest of the block's head.
+// Returns true if the rest of a block is receiver text that contains the start of a sentence. It
+// may begin with the rest of the block's head.
 bool _isReceiverText(const QByteArray &rest)
 {
     const auto isText = [](char c) { return (c >= ' ' && c <= '~') || c == '\r' || c == '\n'; };
@@ -64,7 +64,7 @@ QString cBorrowedHeader::read(const QString &archive)
                          if (!m_record.isEmpty())
                              return;
                          m_record = _record(hdr);
-                         // Backwards, because the first entry with an id counts.
+                         // Backwards, so that the first entry with an id counts.
                          std::for_each(hdr.streams.crbegin(), hdr.streams.crend(),
                                        [this](const STREAM_T &s) { m_types.at(s.id) = s.type; });
                      });
@@ -93,7 +93,7 @@ cBorrowedHeader::LEAD_T cBorrowedHeader::lead(const QByteArray &start) const
     if (m_types.at(GPS_STREAM_ID) != GPS_STREAM_TYPE)
         return lead;
     // The bytes before the first block are the rest of a block that has lost its head. If they are
-    // the receiver's, they get a new one. The fragments that follow need a first one in any case.
+    // receiver text, they get a new head. Fragments that follow need a first fragment in any case.
     const bool isText = first <= MAX_PAYLOAD && _isReceiverText(start.left(first));
     const bool isContinued = _continuesText(start, first);
     if (!isText && !isContinued)
@@ -107,7 +107,7 @@ cBorrowedHeader::LEAD_T cBorrowedHeader::lead(const QByteArray &start) const
     return lead;
 }
 
-// Reads the head at pos as a parser does. The end is 0 if there is no head of a known stream.
+// Reads the head at pos as a parser does. The end is 0 if it is not the head of a known stream.
 cBorrowedHeader::BLOCK_T cBorrowedHeader::_blockAt(const QByteArray &start, qsizetype pos) const
 {
     const auto *const head = reinterpret_cast<const uchar *>(start.constData() + pos);
@@ -124,9 +124,9 @@ cBorrowedHeader::BLOCK_T cBorrowedHeader::_blockAt(const QByteArray &start, qsiz
 
 // Returns the offset of the first block before the first record, -1 if there is none.
 //
-// Chance bytes can look like heads, so the longest chain of blocks counts: wherever a chain begins
-// wrongly, it misses blocks. Empty blocks do not count, because zero bytes can look like a chain of
-// them. A chain should end at the record, but damage may interrupt it.
+// Random bytes can look like heads, so the longest chain of blocks is used: a chain that begins at
+// a wrong place misses blocks. Empty blocks do not count, because zero bytes can look like a chain
+// of them. A chain should end at the record, but damage may interrupt it.
 qsizetype cBorrowedHeader::_firstBlock(const QByteArray &start) const
 {
     qsizetype end = 0;
@@ -136,8 +136,9 @@ qsizetype cBorrowedHeader::_firstBlock(const QByteArray &start) const
     if (!hasRecord)
         end = start.size();
 
-    // For each offset, the number of blocks from there to the end, less what interruptions cost:
-    // if a block begins there, and if the next one may begin later.
+    // For each offset, the number of blocks from there to the end, less a penalty for
+    // interruptions. `from` assumes that a block begins at the offset; in `after`, it may begin
+    // later.
     constexpr int impossible = -1000;
     constexpr int interruption = 4;
     std::vector<int> from(size_t(end) + 1, hasRecord ? impossible : 0);
@@ -160,7 +161,7 @@ qsizetype cBorrowedHeader::_firstBlock(const QByteArray &start) const
     return *most >= enough ? most - from.begin() : -1;
 }
 
-// Whether the first block of the GPS stream from pos on is not a first fragment.
+// Returns true if the first block of the GPS stream from pos on continues a logical block.
 bool cBorrowedHeader::_continuesText(const QByteArray &start, qsizetype pos) const
 {
     while (pos + HEAD_SIZE <= start.size() && !_isMagic(start, pos)) {

@@ -10,8 +10,8 @@
 // recorder have the same stream table.
 //
 // Such an archive usually begins in the middle of a group, often in the middle of a block. A parser
-// that has only the header would skip everything up to the next IDX record. So this also looks for
-// the first block: a place from which one block follows another up to the next record.
+// that has only the header would skip everything up to the next IDX record. So this class also
+// looks for the first block: a place from which one block follows another up to the next record.
 class cBorrowedHeader
 {
 public:
@@ -20,7 +20,9 @@ public:
 
     // What a parser must receive in place of the first bytes of an archive.
     struct LEAD_T {
-        QByteArray bytes; // a HDR record, if a block was found an IDX record, and maybe a head
+        // A HDR record. If a block was found, also an IDX record and perhaps the head of a block.
+        QByteArray bytes;
+        // How many of these bytes belong to each.
         qsizetype hdr = 0;
         qsizetype idx = 0;
         qsizetype heads = 0;

@@ -51,7 +51,7 @@ int cCommand::run(const QStringList &arguments)
     parser.addOption(help);
     addOptions(parser);
     parser.addOption({HEADER_FROM,
-                      u"Read archives whose header is missing with that of GOOD, an archive of the "
+                      u"If the header of an archive is missing, use that of GOOD, an archive of the "
                       "same recorder."_s,
                       u"GOOD"_s});
     parser.addOption({{u"r"_s, RECURSIVE}, u"Look for archives in subfolders as well."_s});
@@ -155,7 +155,7 @@ void cCommand::_runOne(qsizetype index, cProgress &progress)
     _conclude(archive, std::move(result));
 }
 
-// Processes the archives in a pool of threads, and concludes them here in their order.
+// Processes the archives in a pool of threads, and concludes them on this thread in their order.
 void cCommand::_runParallel(cProgress &progress)
 {
     QThreadPool pool;
@@ -178,7 +178,7 @@ void cCommand::_runParallel(cProgress &progress)
         progress.clear();
         _conclude(m_archives.at(i), std::move(result));
     }
-    // Only after an interrupt is anything left. The threads that work end soon, by themselves.
+    // Tasks are left only after an interrupt. Those that are running end soon by themselves.
     pool.clear();
 }
 
@@ -216,7 +216,7 @@ RESULT_T cCommand::_process(const ARCHIVE_T &archive, cProgress &progress) const
     }
 }
 
-// Commits and prints the result of an archive. Temporary files that remain are gone on return.
+// Commits and prints the result of an archive. Files that were not committed are gone on return.
 void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T result)
 {
     const QString name = displayName(archive.name, u"standard input"_s);

@@ -16,14 +16,14 @@
 // The exit statuses of the program.
 enum { EXIT_DONE = 0, EXIT_SOME_FAILED = 1, EXIT_WRONG_USE = 2 };
 
-// What processing an archive produced. Nothing has been printed, and the files have not been given
-// their names: cCommand does both, in the order of the archives.
+// The result of processing an archive. Nothing has been printed yet, and the files do not have
+// their names yet: cCommand does both, in the order of the archives.
 struct RESULT_T {
     QString failure{};      // why the archive failed; empty on success
     QStringList warnings{}; // each a sentence about the archive
     QString summary{};      // what was done, for people; not used if all files were skipped
     QByteArray output{};    // for standard output
-    QList<std::shared_ptr<cOutputFile>> files{}; // a file in error fails the archive
+    QList<std::shared_ptr<cOutputFile>> files{}; // an error in one fails the archive
 };
 
 // One of the program's commands: reads its options and processes the archives one by one. An
@@ -47,22 +47,21 @@ protected:
     virtual void addOptions(QCommandLineParser &parser) = 0;
     // Returns an error message, empty on success.
     virtual QString readOptions(const QCommandLineParser &parser) = 0;
-    // Processes one archive. It is const because it may run on several threads at once: everything
-    // that the options decide is fixed by then. It must not print.
+    // Processes one archive. It must not print, and it may run on several threads at once.
     virtual RESULT_T process(const ARCHIVE_T &archive, cProgress &progress) const = 0;
-    // Whether the options ask for one result of all archives. Then processAll() is called instead
-    // of process().
+    // Returns true if the options ask for one result from all archives. Then processAll() is called
+    // instead of process().
     virtual bool joinsArchives() const { return false; }
-    // Processes all archives, and appends to failed those that have no part in the result, with
-    // their failures.
+    // Processes all archives. Appends those that could not be used to `failed`, with their
+    // failures.
     virtual RESULT_T processAll(cProgress &progress, QList<ARCHIVE_T> &failed) const;
-    // What standard output needs before the output of an archive, and after that of the last one.
+    // Return what is printed before the output of each archive, and after that of the last one.
     virtual QByteArray before(bool isFirst) const;
     virtual QByteArray after(bool isEmpty) const;
 
-    // The archives of the command line; known from readOptions on.
+    // The archives on the command line. Valid from readOptions() on.
     const QList<ARCHIVE_T> &archives() const { return m_archives; }
-    // Those of them that are regular files, which must not be overwritten.
+    // The regular files among the inputs, which must not be overwritten.
     const QSet<FILEID_T> &inputs() const { return m_inputs; }
 
 private:
@@ -88,7 +87,7 @@ private:
     QSet<FILEID_T> m_inputs;
 
     QSet<FILEID_T> m_outputs;              // files written or skipped in this run
-    std::unique_ptr<cOutputFile> m_output; // standard output, from the first byte on
+    std::unique_ptr<cOutputFile> m_output; // standard output; null until the first byte
     bool m_isFirst = true;
     int m_status = EXIT_DONE;
 };

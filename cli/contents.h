@@ -15,8 +15,8 @@
 #include <array>
 #include <bitset>
 
-// Collects everything that `vrk3 info` reports about one archive. contentsText and contentsJson
-// turn it into the two output forms.
+// Collects everything that `vrk3 info` reports about one archive. contentsText, contentsJson and
+// contentsTsv turn it into the output forms.
 class cContents : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
     };
     // What the lists leave out, so that an archive cannot make them endless.
     struct OMITTED_T {
-        qint64 texts = 0;   // texts of which the lists contain only the start
+        qint64 texts = 0;   // texts that are cut
         qint64 streams = 0; // streams that are not listed
         qint64 blocks = 0;  // logical blocks of these streams
         qint64 bytes = 0;   // payload bytes in them
@@ -40,7 +40,7 @@ public:
 
     explicit cContents(QObject *parent = nullptr);
 
-    // Reads the archive, once per object. Returns an error message, empty on success.
+    // Reads the archive. Call this once per object. Returns an error message, empty on success.
     QString read(const ARCHIVE_T &archive, cProgress &progress);
 
     // The name of the archive that was read.
@@ -58,12 +58,13 @@ public:
 
     const ACCOUNT_T &account() const { return m_reader.account(); }
     const NMEA_ACCOUNT_T &sentences() const { return m_reader.nmea().account(); }
+    // The sentences that the window's decoder does not read.
     const cSentenceNames &unread() const { return m_names; }
-    // The points that the window finds.
+    // Figures about the points that the window would write.
     const cTrackStats &stats() const { return m_reader.stats(); }
-    // The track that the receiver sent.
+    // The track as `vrk3 track` would write it.
     const TRACK_SUMMARY_T &track() const { return m_summary; }
-    // What is wrong with the points, if anything.
+    // Warnings about the points that the window would write; empty if there are none.
     const QStringList &warnings() const { return m_warnings; }
 
     static constexpr qsizetype MAX_TITLES = 16;

@@ -62,7 +62,7 @@ QJsonObject _box(double south, double west, double north, double east)
     return {{u"south"_s, south}, {u"west"_s, west}, {u"north"_s, north}, {u"east"_s, east}};
 }
 
-// Without the digits that are only due to the conversion from minutes.
+// Removes the digits that come only from the conversion of minutes.
 double _degrees(double value)
 {
     constexpr double parts = 1e9;

@@ -5,7 +5,7 @@
 
 class cContents;
 
-// The contents of an archive as the JSON object that docs/vrk3-info.md describes.
+// Returns the contents of an archive as the JSON object that docs/vrk3-info.md describes.
 QJsonObject contentsJson(const cContents &contents);
 
 #endif

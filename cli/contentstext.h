@@ -5,7 +5,7 @@
 
 class cContents;
 
-// The contents of an archive as lines of text for people. The last line is terminated.
+// Returns the contents of an archive as readable text. Each line ends with a line feed.
 QString contentsText(const cContents &contents);
 
 #endif

@@ -5,9 +5,9 @@
 
 class cContents;
 
-// The contents of an archive as one line of a table with tabs between the columns, and the line
-// that names the columns. Both are terminated. Cells contain no tabs or line ends, and are empty
-// where a value is unknown.
+// Return the line with the names of the columns, and the contents of an archive as one line of the
+// table. Columns are separated by tabs, and both lines end with a line feed. Cells contain no tabs
+// or line ends; a cell is empty if its value is unknown.
 QString contentsTsvHeader();
 QString contentsTsv(const cContents &contents);
 

@@ -27,7 +27,7 @@ qint64 cFeed::offset(qint64 n) const
     return qMax<qint64>(0, n - m_lead.bytes.size() + m_lead.skipped);
 }
 
-// Takes the borrowed bytes out of an account, and adds those that were left out.
+// Removes the borrowed bytes from an account, and adds the bytes that they replaced.
 ACCOUNT_T cFeed::_own(ACCOUNT_T account) const
 {
     for (STRETCH_T &stretch : account.stretches)

@@ -9,23 +9,24 @@
 
 #include <functional>
 
-// Reads an archive and feeds it to a parser, after a borrowed header if there is one. Offsets and
+// Reads an archive and passes it to a parser, after a borrowed header if there is one. Offsets and
 // the account are those of the archive, without the borrowed bytes.
 class cFeed
 {
 public:
     explicit cFeed(const ARCHIVE_T &archive);
 
-    // Feeds the archive to the end, or until isDone returns true.
+    // Passes the archive to the parser until its end, or until isDone returns true.
     void run(
         cVrk3Parser &parser, cProgress &progress,
         const std::function<bool()> &isDone = [] { return false; });
 
-    // Why the archive could not be read completely; empty if all is well.
+    // An error message if the archive could not be read completely; empty if it could.
     const QString &error() const { return m_input.error(); }
-    // Whether the parser is reading borrowed bytes, so that its signals are not about the archive.
+    // Returns true while the parser reads borrowed bytes. Its signals are then not about the
+    // archive.
     bool isBorrowed() const { return m_isBorrowed; }
-    // The offset in the archive of a byte that the parser counts as its nth.
+    // Converts an offset in the bytes that the parser has received to one in the archive.
     qint64 offset(qint64 n) const;
     // The parser's account, once run() has returned.
     const ACCOUNT_T &account() const { return m_account; }

@@ -11,7 +11,7 @@
 inline const QString STANDARD_STREAM = QStringLiteral("-");
 
 // Decodes a name from the operating system. If it is not valid UTF-8, its invalid bytes become lone
-// surrogates, which QString::isValidUtf16 detects. The result then equals no name that can be used.
+// surrogates, which QString::isValidUtf16 detects. Such a result is never the name of a file.
 QString decodeFileName(const char *name);
 
 // Identifies a file independently of its name.

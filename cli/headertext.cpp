@@ -6,7 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// Any MAX_LENGTH code units, and more, so that a character cut in two is not shown.
+// Enough for MAX_LENGTH code units of any text and a few more, so that a character cut in two is
+// not shown.
 constexpr qsizetype MAX_BYTES = 4 * cHeaderText::MAX_LENGTH;
 } // namespace
 
@@ -23,7 +24,7 @@ QString cHeaderText::start() const
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     finder.setPosition(MAX_LENGTH);
     qsizetype end = finder.isAtBoundary() ? MAX_LENGTH : finder.toPreviousBoundary();
-    if (end <= 0) // one endless character with its accents
+    if (end <= 0) // a single character with endless accents
         end = MAX_LENGTH - (text.at(MAX_LENGTH).isLowSurrogate() ? 1 : 0);
     return text.left(end);
 }

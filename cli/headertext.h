@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-// A text of a HDR record, shortened to what a person can read.
+// A text of a HDR record, shortened so that an archive cannot make the output endless.
 //
 // A header can contain 128 KiB of text, and an archive any number of headers. Keeping this instead
 // of the record's string bounds the memory, and bytes are decoded only when the text is shown.
@@ -15,13 +15,13 @@ public:
     // Takes a string of a record, which ends in a zero byte.
     explicit cHeaderText(const QByteArray &string);
 
-    // The first characters, MAX_LENGTH at most. Bytes that are not UTF-8 become U+FFFD.
+    // Returns the first characters, at most MAX_LENGTH. Bytes that are not UTF-8 become U+FFFD.
     QString start() const;
     // Whether start() is not the whole text.
     bool isCut() const;
     // Bytes of the whole text in the archive.
     qsizetype size() const { return m_size; }
-    // start(), and the size if it is not the whole text.
+    // Returns start(), followed by the size if it is not the whole text.
     QString shown() const;
 
     // Texts of the same size that differ only after MAX_LENGTH characters are equal.

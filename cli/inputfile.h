@@ -11,7 +11,7 @@
 class cInputFile
 {
 public:
-    // Opens the file; "-" is standard input. If that fails, error() says why.
+    // Opens the file; "-" is standard input. If that fails, error() returns the reason.
     explicit cInputFile(const QString &name);
     ~cInputFile();
     Q_DISABLE_COPY_MOVE(cInputFile)
@@ -20,7 +20,7 @@ public:
     // Returns false at the end of the file and after an error.
     bool next(QByteArray &block);
 
-    // Why the file could not be read completely; empty if all is well.
+    // An error message if the file could not be read completely; empty if it could.
     const QString &error() const { return m_error; }
 
     // Bytes read so far.

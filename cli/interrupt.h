@@ -1,7 +1,7 @@
 #ifndef INTERRUPT_H
 #define INTERRUPT_H
 
-// Handling of Ctrl-C and similar signals: the run ends with a message and leaves no file behind.
+// Handling of Ctrl-C and similar signals: the run stops and leaves no partial output.
 
 // Installs the handlers. After this, SIGINT, SIGTERM and SIGHUP are only remembered. A second one
 // of the same kind ends the process at once, in case the first is stuck on a pipe that nobody

@@ -1,4 +1,5 @@
-// vrk3: what the window does, as a command, for many archives and for machines without a screen.
+// vrk3: the command line. It inspects archives and writes their tracks, many at once and without a
+// screen.
 #include "cli/convert.h"
 #include "cli/extract.h"
 #include "cli/info.h"
@@ -41,7 +42,7 @@ cCommand *_find(const commands &all, const QString &name)
     return it == all.end() ? nullptr : *it;
 }
 
-// How many letters have to be inserted, removed or replaced to turn one word into the other.
+// Returns how many letters must be inserted, removed or replaced to turn one word into the other.
 qsizetype _distance(const QString &from, const QString &to)
 {
     QList<qsizetype> row(to.size() + 1);
@@ -57,7 +58,8 @@ qsizetype _distance(const QString &from, const QString &to)
     return row.constLast();
 }
 
-// What the user may have meant by an unknown command: a similar one, or a command for an archive.
+// Suggests what the user may have meant by an unknown command: a similar one, or a command for an
+// archive.
 QString _suggestion(const commands &all, const QString &word)
 {
     constexpr qsizetype similar = 2; // letters

@@ -3,25 +3,25 @@
 
 #include <QString>
 
-// Texts for people.
+// Helpers for messages to the user.
 
 // Names and titles may contain characters that control a terminal, reverse the direction of what
-// follows or hide it: controls, formatting characters, line separators and tags. Both functions
-// leave the two joiners, which some scripts need.
+// follows or hide it: controls, formatting characters, line separators and tags. The next two
+// functions keep the two joiners, which some scripts need.
 
-// Makes text safe to show on a terminal or in a picture: such characters become U+FFFD.
+// Makes text safe to show on a terminal or in a picture: replaces such characters with U+FFFD.
 QString printable(const QString &text);
 
-// Makes JSON safe to show on a terminal without changing its meaning: such characters are escaped.
+// Makes JSON safe to show on a terminal without changing its meaning: escapes such characters.
 QByteArray printableJson(const QByteArray &json);
 
-// A file's name as messages show it: standardStream instead of "-".
+// Returns a file's name as messages show it: standardStream instead of "-".
 QString displayName(const QString &name, const QString &standardStream);
 
-// A number with its noun: "1 point", "2 points". The plural adds an s.
+// Returns a number with its noun: "1 point", "2 points". The plural adds an s.
 QString counted(qint64 count, const char *noun);
 
-// Writes "vrk3: MESSAGE" to standard error.
+// Prints "vrk3: MESSAGE" to standard error, with the message made printable.
 void complain(const QString &message);
 
 #endif

@@ -21,7 +21,7 @@ constexpr qsizetype BUFFER_SIZE = 65536;
 constexpr mode_t PERMISSIONS = 0666;
 constexpr mode_t PERMISSION_BITS = 0777;
 
-// The only way to read the mask is to set it, and threads share it: it is read once.
+// The only way to read the mask is to set it, and threads share it, so it is read only once.
 mode_t _newFileMode()
 {
     static const mode_t mask = [] {
@@ -32,7 +32,8 @@ mode_t _newFileMode()
     return PERMISSIONS & ~mask;
 }
 
-// The file that a name stands for: follows symbolic links, also to a file that does not exist yet.
+// Returns the file that a name refers to. Follows symbolic links, even to a file that does not
+// exist.
 QString _followLinks(const QString &name)
 {
     constexpr int maxLinks = 40; // the kernel's own limit
@@ -135,7 +136,7 @@ bool cOutputFile::finish()
         return ::close(fd) == 0 || _failBySystem();
     // Failure is harmless: the file systems of memory cards have no permissions to set.
     (void)::fchmod(fd, m_mode);
-    // A full disk may show only here, so this comes before the file gets its name.
+    // A full disk may be noticed only here, so this comes before the file gets its name.
     return ::fsync(fd) == 0 || _failBySystem();
 }
 

@@ -12,39 +12,39 @@ enum EXISTING_T { EXISTING_FAIL, EXISTING_REPLACE, EXISTING_SKIP };
 // The sink of a chain: the complete output appears under its name, or nothing does.
 //
 // Bytes go to an unnamed file in the output's folder (or to a hidden file where the file system has
-// no unnamed ones), and commit() gives it the name. If the process ends before, even by a kill, an
-// older file of that name is left as it was. Standard output, devices and pipes are written
+// no unnamed ones), and commit() names it. If the process ends before that, even if it is
+// killed, an older file of that name is unchanged. Standard output, devices and pipes are written
 // directly.
 //
-// QSaveFile is not used because it always replaces an existing file and leaves its temporary file
-// behind when the process is killed.
+// QSaveFile is not used because it always replaces an existing file, and leaves its temporary file
+// if the process is killed.
 class cOutputFile : public QObject
 {
     Q_OBJECT
 
 public:
-    // Opens the output; "-" is standard output. existing is about regular files; a file in inputs
-    // is always an error.
+    // Opens the output; "-" is standard output. `existing` applies only to regular files. A file in
+    // `inputs` is always an error.
     cOutputFile(QString name, EXISTING_T existing, const QSet<FILEID_T> &inputs);
-    // Discards what was not committed.
+    // Discards the output if it was not committed.
     ~cOutputFile() override;
     Q_DISABLE_COPY_MOVE(cOutputFile)
 
     const QString &name() const { return m_name; }
-    // Whether the output accepts bytes: it was not skipped, and nothing has gone wrong.
+    // Returns true if the output accepts bytes: it was not skipped, and there was no error.
     bool isOpen() const { return !m_skipped && m_error.isEmpty(); }
-    // Whether the file exists and is to be left alone. All operations then do nothing and succeed.
+    // Returns true if the file exists and is skipped. All operations then do nothing and succeed.
     bool isSkipped() const { return m_skipped; }
 
-    // Passes what has been received to the operating system. Returns false on failure.
+    // Passes the bytes received so far to the operating system. Returns false on failure.
     bool flush();
     // Writes everything to the disk; no bytes may follow. Returns false on failure.
     bool finish();
-    // Finishes the output if that has not been done, and gives it its name. Returns false on
-    // failure; then nothing has changed under that name.
+    // Finishes the output unless that is already done, and names the file. Returns false
+    // on failure; a file of that name is then unchanged.
     bool commit();
 
-    // The first thing that went wrong; empty if all is well.
+    // The error message; empty if there was no error.
     const QString &error() const { return m_error; }
     // Bytes received.
     qint64 size() const { return m_size; }

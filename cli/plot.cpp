@@ -48,7 +48,7 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
     if (svg.isEmpty())
         return {u"the picture cannot be written as XML"_s};
     const TRACK_SUMMARY_T summary = summarize(source.track());
-    // Walking through a long track reads a temporary file.
+    // Walking through a long track reads a temporary file, which may fail.
     if (!source.track().error().isEmpty())
         return {source.track().error()};
     output->slot_Data(svg);

@@ -16,7 +16,7 @@ constexpr qint64 INTERVAL_MS = 100;
 constexpr int BAR_WIDTH = 30;
 constexpr qsizetype MAX_LABEL_LENGTH = 41; // with the bar, a line of 79 characters
 
-// The last characters of a name, length at most.
+// Returns the last characters of a name, at most `length`.
 QString _end(const QString &name, qsizetype length)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, name);

@@ -9,15 +9,15 @@
 class cProgress
 {
 public:
-    // archives is their number in the whole run. A disabled bar never appears.
+    // `archives` is the number of archives in the whole run. A disabled bar never appears.
     cProgress(qsizetype archives, bool enabled);
     ~cProgress();
     Q_DISABLE_COPY_MOVE(cProgress)
 
-    // Starts on the archive of this number, counted from 1. The name may be "-".
+    // Starts the archive with this number, counted from 1. The name may be "-".
     void begin(qsizetype number, const QString &name);
-    // Moves the bar to position of size bytes. If size is 0, the size is unknown and the bytes read
-    // are shown instead. Cheap enough to call for every block.
+    // Shows that `position` of `size` bytes have been read. If the size is 0, it is unknown, and
+    // only the position is shown. Cheap enough to call for every block.
     void setPosition(qint64 position, qint64 size);
     // Erases the bar until the next of the calls above; call it before printing a line.
     void clear();

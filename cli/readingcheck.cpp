@@ -14,12 +14,13 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr size_t EXPECTED_DECIMALS = 4;
-// Longer pauses between points are gaps in which fixes may be.
+// A longer pause between points is a gap that may contain fixes.
 constexpr int MAX_PAUSE = 10; // seconds
-// The window waits for a GPRMC, so the first fixes are often missing. That is not worth a warning.
+// Missing fixes are reported only if there is more than one in this many points. The window waits
+// for a GPRMC, so the first fixes are often missing, which is not worth a warning.
 constexpr qint64 MIN_PART = 100;
 
-// Whether an element with this content is more or less than a plain text.
+// Returns true if an element with this content is not well-formed or contains other elements.
 bool _breaksXml(const QString &content)
 {
     QXmlStreamReader xml(u"<name>"_s + content + u"</name>"_s);
@@ -36,8 +37,8 @@ cReadingCheck::cReadingCheck(const cTrackStats &stats, QObject *parent)
     connect(&m_reader, SIGNAL(signal_Data(FIX_T)), SLOT(slot_Data(FIX_T)));
 }
 
-// The window's GPX takes the title of the last header before the first text, its KML that of the
-// last header.
+// The window's GPX contains the title of the last header before the first text; its KML contains
+// that of the last header.
 void cReadingCheck::slot_Data(const HDR_T &hdr)
 {
     m_kmlTitle = hdr.title;
@@ -95,7 +96,7 @@ QStringList cReadingCheck::warnings(const NMEA_ACCOUNT_T &account, const QString
     return warnings;
 }
 
-// What is wrong with the track, the gravest first; empty if nothing is.
+// Returns the most serious fault of the track; empty if there is none.
 QString cReadingCheck::_trackWarning(const NMEA_ACCOUNT_T &account, const QString &reader) const
 {
     auto counts = account.decimals;

@@ -11,12 +11,12 @@
 
 #include <bitset>
 
-// Finds out whether the window's reading of an archive is wrong: with misread positions, or without
-// fixes that its receiver sent. Connect the signals for HDR records and for the GPS stream, the
-// latter after that decoder and those statistics.
+// Checks whether the window misreads an archive: whether its positions are wrong, or fixes that the
+// receiver sent are missing. Connect the signals for HDR records and for the GPS stream, the latter
+// after the window's decoder and the statistics.
 //
-// It costs next to nothing where the decoder finds points: only blocks in which it finds none are
-// read for fixes as well.
+// It costs almost nothing if the decoder finds points: only blocks without points are also read for
+// fixes.
 class cReadingCheck : public QObject
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
     explicit cReadingCheck(const cTrackStats &stats, QObject *parent = nullptr);
 
     // Returns the warnings, at most one about the track and one about the title. Call it once after
-    // the archive. reader is what reads like that: "this format", for instance. The title is
-    // checked for the formats "gpx" and "kml" if format contains them.
+    // the archive. `reader` is the subject of the warnings, such as "this format". The title is
+    // checked for GPX if `format` contains "gpx", and for KML if it contains "kml".
     QStringList warnings(const NMEA_ACCOUNT_T &account, const QString &reader,
                          const QString &format);
 
@@ -45,13 +45,13 @@ private:
     QString _trackWarning(const NMEA_ACCOUNT_T &account, const QString &reader) const;
 
     const cTrackStats &m_stats;
-    qint64 m_located = 0;                // points with a position, at the end of the last block
+    qint64 m_located = 0;                // points with a position up to the last block
     int m_second = -1;                   // of the day, of the last of them
     std::bitset<SECONDS_PER_DAY> m_seen; // seconds of the day with a point
     cFixReader m_reader;
     qint64 m_unseen = 0; // fixes in other seconds
     bool m_hasText = false;
-    QByteArray m_gpxTitle; // as the header has it
+    QByteArray m_gpxTitle; // as in the header
     QByteArray m_kmlTitle;
 };
 

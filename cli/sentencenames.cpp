@@ -31,7 +31,7 @@ void cSentenceNames::slot_Data(const QByteArray &a)
             m_name.append(*p);
         } else if (*p != '\r' && *p != '\n') {
             _endName();
-            m_inName = *p == '$'; // this one starts the next sentence
+            m_inName = *p == '$'; // a dollar sign starts the next sentence
         }
     }
 }

@@ -5,8 +5,8 @@
 #include <QMap>
 #include <QObject>
 
-// Counts by name the sentences that the decoder does not read. It splits the text as the decoder
-// does: line ends are ignored, and a chunk ends at its first zero byte.
+// Counts the sentences that the window's decoder does not read, by name. It splits the text as the
+// decoder does: line ends are ignored, and a chunk ends at its first zero byte.
 class cSentenceNames : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
 
     // The counts of up to MAX_NAMES names.
     const QMap<QByteArray, qint64> &counts() const { return m_counts; }
-    // Sentences with any further name or without a proper one.
+    // Sentences with any other name, or without a valid name.
     qint64 others() const { return m_others; }
 
     // Noise can contain any number of names.

@@ -45,7 +45,8 @@ void openStandardStreams()
 
 void setSignals()
 {
-    // A parent process may ignore SIGPIPE, and scripts would then see errors of a closed pipe.
+    // If the parent process ignores SIGPIPE, scripts would otherwise see errors about a closed
+    // pipe.
     std::signal(SIGPIPE, SIG_DFL);
     std::signal(SIGXFSZ, SIG_IGN);
     std::set_terminate(_terminate);

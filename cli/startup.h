@@ -3,11 +3,11 @@
 
 #include <QStringList>
 
-// What the program does before it looks at its arguments.
+// The steps of main before it reads the command.
 
-// Gives every closed standard descriptor a stand-in, so that no file that is opened later gets its
-// number. Reading from the stand-in of standard input fails, and so does writing to the others.
-// Call it before anything opens a file.
+// Opens a stand-in for each standard descriptor that is closed, so that no file opened later gets
+// its number. Reading from the stand-in for standard input fails, and so does writing to the
+// others. Call this before anything opens a file.
 void openStandardStreams();
 
 // Makes writing to a closed pipe end the program silently and writing beyond the permitted file

@@ -7,19 +7,20 @@
 
 #include <QString>
 
-// What the commands report about tracks, as texts for people.
+// Texts for the user about archives and their tracks.
 
-// Why a file that was read completely is not an archive; empty if it is one.
+// Returns why a file that was read completely is not an archive; empty if it is one.
 QString whyNoArchive(const ACCOUNT_T &account);
 
-// Why an archive that was read completely has no track; empty if it has one.
+// Returns why an archive that was read completely has no track; empty if it has one.
 QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats);
 
-// The bytes of an archive that were of no use: all that is damaged or incomplete.
+// Returns the number of bytes of an archive that could not be used, because they are damaged or
+// incomplete.
 qint64 uselessBytes(const ACCOUNT_T &account);
 
-// The time of a point as in a GPX file, "2011-03-23T12:01:07Z"; empty if the year does not have
-// four digits.
+// Returns the time of a point as in a GPX file, "2011-03-23T12:01:07Z"; empty if the year does not
+// have four digits.
 QString pointTime(const nmea_data &n);
 
 // "1234 points, 12:01:07 to 13:20:44 UTC, 56 bytes skipped -> a.gpx", where amount is the first

@@ -8,34 +8,34 @@
 
 #include <memory>
 
-// Where the outputs of a command go: the options -o, -d and --overwrite, shared by all commands
-// that write files.
+// Determines where the outputs of a command are written. It reads the options -o, -d, --overwrite
+// and --skip-existing, which all commands that write files have.
 class cTargets
 {
 public:
     static void addOptions(QCommandLineParser &parser);
 
-    // Reads the options for these archives, which have one output if isJoined is set. Returns an
-    // error message, empty on success.
+    // Reads the options. If isJoined is set, all archives have one output. Returns an error
+    // message, empty on success.
     QString read(const QCommandLineParser &parser, const QList<ARCHIVE_T> &archives,
                  bool isJoined = false);
 
-    // Opens the output for an archive, in a subfolder that is created if -d reproduces a tree. The
-    // extension, with its dot, is used unless -o names the file. Never null. If the output is not
-    // open, there is nothing to do: return it in RESULT_T::files, and cCommand reports why.
+    // Opens the output for an archive. With -d, creates the archive's subfolder in that folder. The
+    // extension, with its dot, is used unless -o names the file. Never returns null. If the output
+    // is not open, put it into RESULT_T::files and do no more: cCommand reports the reason.
     std::shared_ptr<cOutputFile> open(const ARCHIVE_T &archive, const QString &extension,
                                       const QSet<FILEID_T> &inputs) const;
 
-    // Opens another output under the same rules for existing files. Never null.
+    // Opens another output, with the same rules for existing files. Never returns null.
     std::shared_ptr<cOutputFile> openFile(const QString &name, const QSet<FILEID_T> &inputs) const;
-    // The name of the output for an archive.
+    // Returns the name of the output for an archive.
     QString nameFor(const ARCHIVE_T &archive, const QString &extension) const;
 
-    // Whether -o was given.
+    // Returns true if -o was used.
     bool isFileSet() const { return !m_file.isEmpty(); }
-    // The extension of -o's file with its dot, in lower case; empty if there is none.
+    // Returns the extension of -o's file with its dot, in lower case; empty if there is none.
     QString extension() const;
-    // The error message for an extension that the command does not know.
+    // Returns the error message for an extension that the command does not know.
     QString unknownFormat() const;
 
 private:

@@ -63,9 +63,9 @@ const TRACK_FORMAT_T *_findByExtension(const QString &extension)
     return _find(&TRACK_FORMAT_T::extension, extension == ".json"_L1 ? u".geojson"_s : extension);
 }
 
-// Reads an ISO 8601 time, UTC unless it has a zone; none if it is not one. A time without a date is
-// a daily one. A date without a time is the first millisecond of the day, or the last if isEnd is
-// set.
+// Reads an ISO 8601 time, which is UTC unless it has a zone. Empty if the text is not a time. A
+// time without a date is a daily limit. A date without a time is the first millisecond of the day,
+// or the last if isEnd is set.
 std::optional<TRACK_LIMIT_T> _limit(const QString &text, bool isEnd)
 {
     const QDate date = QDate::fromString(text, u"yyyy-MM-dd"_s);
@@ -102,10 +102,10 @@ void cTrackCommand::addOptions(QCommandLineParser &parser)
                       u"FORMAT"_s});
     parser.addOption({JOIN, u"Write one track from all archives to -o's FILE."_s});
     parser.addOption({FROM,
-                      u"Leave out what is before TIME: 2011-03-23T12:00, 2011-03-23, or 12:00 for "
+                      u"Leave out fixes before TIME: 2011-03-23T12:00, 2011-03-23, or 12:00 for "
                       "every day; UTC unless a zone follows."_s,
                       u"TIME"_s});
-    parser.addOption({UNTIL, u"Leave out what is after TIME."_s, u"TIME"_s});
+    parser.addOption({UNTIL, u"Leave out fixes after TIME."_s, u"TIME"_s});
     parser.addOption({GAP,
                       u"Start a new segment after a gap of more than SECONDS. The default is 30."_s,
                       u"SECONDS"_s});
@@ -157,8 +157,8 @@ RESULT_T cTrackCommand::process(const ARCHIVE_T &archive, cProgress &progress) c
     return failure.isEmpty() ? _write(source, output) : RESULT_T{failure};
 }
 
-// Archives that fail are left out: the others are worth a track, and the status says that it is not
-// complete.
+// Archives that fail are left out. The track of the others is still useful, and the exit status
+// shows that it is incomplete.
 RESULT_T cTrackCommand::processAll(cProgress &progress, QList<ARCHIVE_T> &failed) const
 {
     const auto output =
@@ -199,7 +199,7 @@ RESULT_T cTrackCommand::_write(cTrackSource &source,
     if (!writer->write(source.track(), source.title()))
         return {u"the track cannot be written as XML"_s};
     const TRACK_SUMMARY_T summary = summarize(source.track());
-    // Walking through a long track reads a temporary file.
+    // Walking through a long track reads a temporary file, which may fail.
     if (!source.track().error().isEmpty())
         return {source.track().error()};
     output->finish();

@@ -10,8 +10,8 @@
 struct TRACK_FORMAT_T;
 class cTrackSource;
 
-// `vrk3 track`: writes the tracks of archives for map programs, whatever the receiver, one track
-// for each archive or a single one for all.
+// `vrk3 track`: writes the tracks of any receiver for map programs, one for each archive or a
+// single one for all.
 class cTrackCommand : public cCommand
 {
 public:

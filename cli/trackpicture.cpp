@@ -70,7 +70,7 @@ QString _lengthText(double metres)
                           metres < 100 * METRES_PER_KILOMETRE ? 2 : 0);
 }
 
-// The greatest of 1, 2, 5, 10, 20, ... up to the limit, which is at least 1.
+// Returns the greatest of 1, 2, 5, 10, 20, ... up to the limit, which must be at least 1.
 double _roundBelow(double limit)
 {
     const double power = std::pow(10, std::floor(std::log10(limit)));
@@ -78,8 +78,8 @@ double _roundBelow(double limit)
     return power * (lead >= 5 ? 5 : lead >= 2 ? 2 : 1);
 }
 
-// Estimates the width of a character in ems, in a wide bold font. There is no font to measure: the
-// picture is drawn where it is viewed.
+// Estimates the width of a character in ems, in a wide bold font. There is no font to measure,
+// because the viewer chooses it.
 double _ems(char32_t c)
 {
     const QChar::Category category = QChar::category(c);
@@ -112,7 +112,7 @@ double _ems(const QString &text)
     return ems;
 }
 
-// Shortens a text that is wider than so many ems, between what readers see as characters.
+// Shortens a text to this many ems, without splitting what readers see as one character.
 QString _fitted(const QString &text, double ems)
 {
     if (_ems(text) <= ems)
@@ -204,13 +204,13 @@ cTrackPicture::VIEW_T cTrackPicture::_view() const
     view.yScale = METRES_PER_DEGREE / view.metresPerUnit;
     view.area = QRectF(MARGIN + PANEL_PADDING, HEADING_HEIGHT + PANEL_PADDING, areaWidth,
                        std::max(height / view.metresPerUnit, MIN_PANEL_HEIGHT - 2 * PANEL_PADDING));
-    // The track in the middle of the area.
+    // The track is in the middle of the area.
     view.west = west->lon - (areaWidth - width / view.metresPerUnit) / 2 / view.xScale;
     view.north = north->lat + (view.area.height() - height / view.metresPerUnit) / 2 / view.yScale;
     return view;
 }
 
-// The line through all points, interrupted between segments if isBroken is set.
+// Returns the line through all points, interrupted between segments if isBroken is set.
 QString cTrackPicture::_path(const VIEW_T &view, bool isBroken) const
 {
     QString path;

@@ -14,10 +14,10 @@
 class cTrackPicture
 {
 public:
-    // The track is finished and has at least one fix.
+    // The track must be finished and have at least one fix. It need not outlive the call.
     cTrackPicture(const cTrack &track, QString title);
 
-    // Returns an empty array if a text cannot be written as XML.
+    // Returns the picture, or an empty array if a text cannot be written as XML.
     QByteArray svg() const;
 
 private:

@@ -19,9 +19,9 @@ public:
 
     // Reads an archive completely. Returns an error message, empty on success.
     QString read(const ARCHIVE_T &archive, cProgress &progress);
-    // Whether the parser is reading a borrowed header.
+    // Returns true while the parser reads a borrowed header.
     bool isBorrowed() const { return m_feed && m_feed->isBorrowed(); }
-    // The account of the archive's bytes, once read() has returned.
+    // The account of the archive's bytes. Valid only after read() has returned.
     const ACCOUNT_T &account() const { return m_feed->account(); }
 
     const cVrk3Parser &parser() const { return m_parser; }

@@ -13,7 +13,7 @@
 
 class cProgress;
 
-// Reads archives into one track: the fixes of any receiver, in contrast to the window's reading.
+// Reads the fixes of archives into one track. Unlike the window, it reads those of any receiver.
 class cTrackSource : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ class cTrackSource : public QObject
 public:
     explicit cTrackSource(QObject *parent = nullptr);
 
-    // Set its gap and its limits before the first archive.
+    // The track. Set its gap and its limits before the first archive.
     cTrack &track() { return m_track; }
 
     // Adds an archive. Returns an error message, empty on success.
@@ -30,7 +30,8 @@ public:
     // Call this once after the last archive. Returns why the track has no fix; empty if it has one.
     QString finish();
 
-    // The first title that is not empty, or a name made from that of the first archive.
+    // Returns the first title that is not empty. If there is none, returns the file name of the
+    // first archive without its extension, or "Track" for standard input.
     QString title() const;
 
 private Q_SLOTS:

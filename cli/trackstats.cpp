@@ -10,8 +10,9 @@ constexpr double FULL_TURN = 360;
 constexpr double MAX_LATITUDE = 90;
 constexpr double MAX_LONGITUDE = 180;
 
-// The angle between two points on a sphere, from their differences and the product of the cosines
-// of their latitudes. Over the distance of a second the earth is flat to ten digits.
+// Returns the angle between two points on a sphere, from their differences and the product of the
+// cosines of their latitudes. Over the distance travelled in a second, the earth is flat to ten
+// digits.
 double _angle(double lat, double lon, double cosines)
 {
     constexpr double small = 1e-5;

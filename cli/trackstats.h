@@ -8,7 +8,7 @@
 // The earth's mean radius in metres.
 inline constexpr double EARTH_RADIUS = 6371008.8;
 
-// Collects figures about a track while it is decoded. Connect the decoder's signal and that of the
+// Collects figures about a track while it is decoded. Connect the signals of the decoder and of the
 // GPS stream.
 //
 // A receiver that has lost its fix reports a position of exactly 0, 0, with either sign. Such a
@@ -20,11 +20,11 @@ class cTrackStats : public QObject
 public:
     explicit cTrackStats(QObject *parent = nullptr);
 
-    // Adds full turns to a longitude so that it is as near as possible to the one before. This
-    // keeps a track across the antimeridian in one piece.
+    // Adds full turns to a longitude in degrees so that it is as close as possible to the previous
+    // one. This keeps a track across the antimeridian in one piece.
     static double nearestTurn(double lon, double before);
 
-    // Whether a point has a usable position.
+    // Returns true if a point has a usable position.
     static bool isLocated(const nmea_data &n);
 
     qint64 textBlocks() const { return m_textBlocks; } // logical blocks of the GPS stream
@@ -32,7 +32,8 @@ public:
     qint64 points() const { return m_points; }
     qint64 located() const { return m_located; } // points with a usable position
 
-    // The following are valid only if located() is above 0. First and last are in file order.
+    // The following are valid only if located() is greater than 0. First and last are in file
+    // order.
     const nmea_data &first() const { return m_first; }
     const nmea_data &last() const { return m_last; }
     double south() const { return m_south; }
@@ -40,6 +41,7 @@ public:
     // In degrees from -180 to 180; west is greater than east if the track crosses 180.
     double west() const;
     double east() const;
+    // The length of the track.
     double metres() const { return m_metres; }
 
 public Q_SLOTS:

@@ -7,7 +7,7 @@ class QFile;
 
 // Returns a proposal for each input: its name, with its extension replaced by the one in brackets
 // at the end of the filter text, such as ".gpx" in "GPS Exchange Format (*.gpx)". A name without an
-// extension is its own proposal. If the filter has no such extension, the old one is removed.
+// extension is proposed unchanged. If the filter has no such extension, the old one is removed.
 QStringList proposedOutputs(const QStringList &inputs, const QString &filter);
 
 // Asks for the output in a Save dialog that begins with the proposal and offers the one filter.

@@ -17,7 +17,7 @@ constexpr qint64 BLOCK_SIZE = 0x10000;
 // cost a quarter of a fast run.
 constexpr qint64 PAINT_INTERVAL = 40;
 
-// Leaves the one chosen name in the outputs, or nothing.
+// Sets the outputs to the chosen name, or to nothing.
 void _chooseOutput(const QFile &input)
 {
     gParams->outputs = proposedOutputs(gParams->inputs, gParams->filter);
@@ -37,7 +37,7 @@ void _pump(QFile *input, cVrk3Parser *parser, cDlgProgress *progress)
     while (!input->atEnd() && progress->isVisible()) {
         block.resize(BLOCK_SIZE);
         block.resize(qMax<qint64>(0, input->read(block.data(), BLOCK_SIZE)));
-        // A read that has failed once would fail for ever.
+        // After a failed read, every further one would fail, too.
         if (block.isEmpty())
             return;
         parser->slot_Data(block);
@@ -71,7 +71,7 @@ void runExtraction()
 
 int percentRead(const QFile &file, qint64 *size)
 {
-    // Asking the system for each block would be measurable in the cost of the whole run.
+    // Asking the system for the size after each block would slow down the whole run measurably.
     if (file.pos() > *size)
         *size = file.size();
     return *size > 0 ? static_cast<int>(file.pos() * 100 / *size) : 0;

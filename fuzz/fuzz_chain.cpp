@@ -65,7 +65,8 @@ QByteArray _run(const QByteArray &input, const char *filter, bool whole)
     }
     return collector.bytes;
 }
-// The records that the chain uses, and where the other bytes went.
+
+// The records that the chain uses, and how the other bytes were used.
 struct GPS_T {
     QByteArrayList titles;
     QByteArrayList payloads;

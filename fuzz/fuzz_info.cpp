@@ -1,5 +1,5 @@
-// An archive of any bytes through info and plot: their outputs are well-formed, safe to show on a
-// terminal and not endless.
+// Sends arbitrary bytes as an archive through info and plot. Their outputs must be well-formed,
+// safe to show on a terminal and of limited size.
 #include "cli/contents.h"
 #include "cli/contentsjson.h"
 #include "cli/contentstext.h"
@@ -14,9 +14,9 @@
 
 namespace
 {
-// The lists of info, with their longest texts escaped.
+// Room for the lists of info with the longest texts, all escaped.
 constexpr qsizetype MAX_INFO_SIZE = 4'000'000;
-// The frame of a picture with the longest title, and the most that a point adds to its lines.
+// The size of a picture's frame with the longest title, and the most that a point adds to it.
 constexpr qsizetype MAX_FRAME_SIZE = 20'000;
 constexpr qsizetype MAX_POINT_SIZE = 60;
 

@@ -1,5 +1,5 @@
-// Receiver text of any bytes through the reader of fixes, the track and all its writers. The first
-// line is the title.
+// Sends arbitrary bytes as receiver text through the reader of fixes, the track and all its
+// writers. The first line is also the title.
 #include "fuzz/harness.h"
 #include "track/fixreader.h"
 #include "track/track.h"

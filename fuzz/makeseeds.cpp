@@ -23,7 +23,7 @@ QByteArray _sentences()
            nmeaSentence("GPRMC,000000,A,,,,,,,990099");
 }
 
-// All sentences that the track is read from.
+// All kinds of sentences from which the track is read.
 QByteArray _otherSentences()
 {
     return "A title\n" + nmeaSentence("GNRMC,235959.5,A,5545.12345,N,17959.9,E,1,2,311299,,,A,V") +

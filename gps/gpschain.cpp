@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// Returns the writer that a filter text chooses, null for raw text.
+// Returns the writer that a filter text selects, null for raw text.
 std::unique_ptr<cTrackWriter> _writer(const QString &filter)
 {
     if (filter.contains("*.kml"_L1))

@@ -15,12 +15,12 @@
 class cGpsChain
 {
 public:
-    // The filter is that of a file dialog, such as "OziExplorer track (*.plt)". The chain writes
-    // GPX, PLT or KML if it contains "*.gpx", "*.plt" or "*.kml", otherwise the receiver's raw
-    // text. The sink has a slot slot_Data(const QByteArray &) and is not owned.
+    // `filter` is a filter text of a file dialog, such as "OziExplorer track (*.plt)". The chain
+    // writes GPX, PLT or KML if the text contains "*.gpx", "*.plt" or "*.kml", and otherwise the
+    // receiver's raw text. The sink has a slot slot_Data(const QByteArray &) and is not owned.
     cGpsChain(const QString &filter, QObject *sink);
 
-    // Delivers the blocks of the GPS stream only.
+    // Of the blocks, it emits only those of the GPS stream.
     cVrk3Parser &parser() { return m_parser; }
     const cGpsRaw &raw() const { return m_raw; }
     // The writer's decoder, owned by the chain; null for raw text.

@@ -5,11 +5,12 @@
 
 // Writes the receiver's text as a GPX 1.1 file with one track of one segment.
 //
-// The first chunk sends the header with the last title so far. Each point is sent as soon as it is
-// decoded, so memory does not grow with the track. The destructor sends the closing tags. If no
-// chunk arrives, nothing is sent.
+// The header is sent when the first chunk arrives, with the last title received before it. Each
+// point is sent as soon as it is decoded, so memory does not grow with the track. The destructor
+// sends the closing tags. If no chunk arrives, nothing is sent.
 //
-// The title is not escaped: "]]>" in it ends the CDATA section early.
+// Times are UTC in whole seconds; a time outside QDateTime's range is left empty. The title is not
+// escaped: "]]>" in it ends the CDATA section early.
 class cGpsGpx : public cTrackWriter
 {
     Q_OBJECT
@@ -26,7 +27,7 @@ private:
     const QByteArray &_dateTime(const nmea_data &n);
 
     bool m_first = true; // no chunk has arrived yet
-    // The text of the last time, because receivers send several sentences for each second.
+    // The last time as text, because receivers send several sentences for each second.
     std::optional<qint64> m_second;
     cTrackLine m_time;
 };

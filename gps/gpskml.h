@@ -8,8 +8,8 @@
 // Writes the receiver's text as a KML 2.2 file: one placemark with one line through all points. The
 // points have positions but no times.
 //
-// All points are kept until the destructor, which sends the whole file under the last title, even
-// if no text arrived. The title is not escaped.
+// All points are kept until the destructor, which sends the whole file with the last title, even if
+// no text arrived. The title is in the local 8-bit encoding and not escaped.
 class cGpsKml : public cTrackWriter
 {
     Q_OBJECT

@@ -12,7 +12,7 @@ inline constexpr double FEET_PER_METRE = 3.2808399;
 // Writes the receiver's text as an OziExplorer track file.
 //
 // The header contains the number of points, so all points are kept until the destructor. It sends
-// the whole file under the last title, even if no text arrived.
+// the whole file with the last title, even if no text arrived.
 //
 // Text is in the local 8-bit encoding; the month's name is in the system's language. In the title,
 // commas become semicolons and line ends become spaces. Date and time are UTC, but the day number
@@ -31,7 +31,7 @@ private:
     QByteArray _month(int month);
 
     QList<nmea_data> m_track;
-    // The text of the last time, because receivers send several sentences for each second.
+    // The last time as text, because receivers send several sentences for each second.
     std::optional<qint64> m_second;
     cTrackLine m_time;
     int m_monthNumber = 0; // the month whose name is m_monthName

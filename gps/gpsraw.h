@@ -9,7 +9,7 @@
 inline constexpr int GPS_STREAM_ID = 0xFD;
 inline constexpr int GPS_STREAM_TYPE = STREAM_TYPE_4;
 
-// Passes on the payloads of the GPS stream, byte for byte, and drops all other blocks.
+// Passes on the payloads of the GPS stream, byte for byte, and discards all other blocks.
 class cGpsRaw : public QObject
 {
     Q_OBJECT

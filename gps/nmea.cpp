@@ -213,7 +213,7 @@ bool cNmea::_splitFields(QByteArrayView fields)
     return true;
 }
 
-// Returns the two checksum digits of a sentence, given from its name up to the asterisk.
+// Returns the two checksum digits for the text from a sentence's name up to the asterisk.
 std::array<char, cNmea::CHECKSUM_LENGTH> cNmea::_nmeaChecksum(QByteArrayView sentence)
 {
     const char *p = sentence.begin();
@@ -276,8 +276,8 @@ void cNmea::_countDecimals(QByteArrayView lat, QByteArrayView lon)
     ++m_account.decimals[size_t(qMin(n, qsizetype(m_account.decimals.size()) - 1))];
 }
 
-// Returns the longest number at the start of the field, 0 if there is none: the same as strtod in
-// the C locale, whatever the locale of the process.
+// Returns the longest number at the start of the field, or 0 if there is none. The result is that
+// of strtod in the C locale, whatever the locale of the process.
 double cNmea::_getDouble(QByteArrayView field)
 {
     const char *begin = field.begin();

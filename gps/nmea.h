@@ -36,8 +36,8 @@ struct NMEA_ACCOUNT_T {
     counts tooFewFields{}; // fewer than the nine fields that a GPGGA or GPRMC needs
     counts malformed{};    // cut off, or with a character that does not belong in a sentence
     qint64 points = 0;     // records emitted
-    // Positions in accepted sentences by the decimals of their minutes, of which the decoder
-    // expects four. The last entry is for that number and more.
+    // Positions in accepted sentences, by the number of decimals of their minutes. The decoder
+    // expects four. The last entry counts the positions with nine or more.
     std::array<qint64, 10> decimals{};
 };
 
@@ -68,7 +68,7 @@ private:
     // The number of fields that are read. A sentence needs at least as many after its name.
     static constexpr int FIELDS_READ = 9;
     static constexpr qsizetype CHECKSUM_LENGTH = 2;
-    // Longer text is freed at its end. No real sentence is this long.
+    // The memory of longer text is freed after use. No real sentence is this long.
     static constexpr qsizetype TEXT_KEPT = 256;
 
     enum { STATE_SKIP, STATE_NAME, STATE_FIELDS, STATE_CHECKSUM };

@@ -29,7 +29,7 @@ qint64 nearestSecond(const nmea_data &n)
 
 std::optional<CIVIL_T> localTime(qint64 second)
 {
-    constexpr qint64 firstSecond = -62135510400; // a day or more within the years 1 to 9999
+    constexpr qint64 firstSecond = -62135510400; // at least a day within the years 1 to 9999
     constexpr qint64 lastSecond = 253402214400;
     const auto at = time_t(second);
     if (second < firstSecond || second > lastSecond || at != second)

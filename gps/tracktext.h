@@ -9,7 +9,7 @@
 #include <cstring>
 #include <optional>
 
-// Numbers and times for the track writers, with the same digits as Qt's, but faster.
+// Formats numbers and times for the track writers, with the same digits as Qt, but faster.
 
 // Returns the time of a fix in seconds since 1970, rounded to the nearest second, halves up. Times
 // beyond the range of qint64 become its minimum or maximum; not-a-number becomes 0.
@@ -41,8 +41,9 @@ public:
         m_length += bytes.size();
         return *this;
     }
-    // Appends a number with a point and 1 or 6 decimals, padded with spaces on the left to width:
-    // at most 3 with one decimal, 8 with six.
+    // Appends a number with 1 or 6 decimals, padded with spaces on the left to width. The width
+    // must be at most 3 with one decimal and 8 with six. Infinity and not-a-number become "inf" and
+    // "nan".
     cTrackLine &number(double value, int width, int decimals);
     // Appends a number with exactly count digits, padded with zeros on the left. It must be at
     // least 0 and have no more digits than that.

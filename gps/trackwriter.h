@@ -10,7 +10,7 @@
 // The base class of the track writers: decodes a receiver's text and sends the bytes of a track
 // file.
 //
-// A writer sends its last bytes from its destructor, so the receiver of signal_Data must outlive
+// A writer sends its last bytes from its destructor, so the object that receives them must outlive
 // it. A derived class sends them from its own destructor, while its members still exist.
 class cTrackWriter : public QObject
 {

@@ -1,5 +1,5 @@
 # Installs icons, menu entries, the file type, the thumbnailer and the description for software centres.
-# A part of the installation script; CMakeLists.txt sets the variables.
+# This is part of the installation script; CMakeLists.txt sets the variables.
 file(INSTALL ${source}/resources/halvorant_vrktrk.svg DESTINATION ${share}/icons/hicolor/scalable/apps
      RENAME vrktrk.svg)
 foreach(size IN ITEMS 16 22 24 32 48 64 128 256)
@@ -9,7 +9,7 @@ foreach(size IN ITEMS 16 22 24 32 48 64 128 256)
 endforeach()
 
 # install_translated(KIND FILE FOLDER): installs FILE without its ".in" and with the texts of all
-# languages. KIND is desktop or xml; msgfmt knows where such files have texts.
+# languages. KIND is desktop or xml; msgfmt knows which texts in such files to translate.
 function(install_translated kind file destination)
     string(REGEX REPLACE "\\.in$" "" name ${file})
     configure_file(${source}/packaging/${file} ${build}/${file} @ONLY)

@@ -1,6 +1,6 @@
 # shellcheck shell=sh
-# What the scripts of the desktop share. They and this file are installed next to VrkTrk.
-# They set here, their own folder, first.
+# Functions shared by the scripts for desktops. The scripts and this file are installed next to VrkTrk.
+# Each script first sets `here` to its own folder.
 unset CDPATH
 vrk3=$here/../../bin/vrk3
 
@@ -27,7 +27,7 @@ choose_archive() {
 }
 
 # run_vrk3 ARCHIVE ARGUMENT...: runs vrk3 in the archive's folder and prints its messages, which then
-# contain short names. It changes the folder, so it is for subshells.
+# contain short names. It changes the current folder, so call it in a subshell.
 run_vrk3() {
     cd -- "$(dirname -- "$1")" || return
     name=$(basename -- "$1")

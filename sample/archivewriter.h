@@ -60,13 +60,13 @@ public:
     void fragments(quint8 streamId, const QByteArray &payload, qsizetype pieceSize,
                    const ARCHIVEEXTENSION_T &extension = {});
 
-    // Appends bytes unchanged: noise, damage, records that the other functions cannot write.
+    // Appends bytes unchanged: noise, damage, or records that the other functions cannot write.
     void rawBytes(const QByteArray &bytes);
 
     // Everything appended since the last call of take().
     const QByteArray &bytes() const { return m_bytes; }
 
-    // Returns bytes() and clears them. The stream table stays in force.
+    // Returns bytes() and clears them. The stream table remains valid.
     QByteArray take();
 
 private:

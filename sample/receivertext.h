@@ -25,8 +25,8 @@ public:
     QByteArray gpgga() const;
     QByteArray gpgsv() const;
 
-    // Whether the receiver sees satellites; initially true. If not, the status in GPRMC is "V" and
-    // GPGGA has no position. The car moves in any case.
+    // Sets whether the receiver sees satellites. True by default. If false, the status in GPRMC is
+    // "V" and GPGGA has no position. The car moves in any case.
     void setSky(bool inSight) { m_sky = inSight; }
 
 private:

@@ -1,4 +1,4 @@
-"""tour.py PROGRAM ARCHIVE FOLDER: uses the window like a person, on a virtual desktop.
+"""tour.py PROGRAM ARCHIVE FOLDER: uses the window as a person would, on a virtual desktop.
 
 Opens ARCHIVE, chooses GPX, saves the track in FOLDER and writes a picture of each window there.
 """

@@ -80,7 +80,7 @@ std::string _madeHomeDir(const char *prefix)
 }
 
 // Replaces Qt's message handler for the fatal message. Qt's own may write to the system's journal
-// instead of standard error, and it ends in abort(), which dumps core although only a file is
+// instead of standard error, and it calls abort(), which dumps core although only a file is
 // missing.
 void _sayAndExit(QtMsgType, const QMessageLogContext &, const QString &message)
 {
@@ -312,7 +312,7 @@ std::string CIniFile::_undecorate(const std::string &text)
                 value += '\t';
                 break;
             default:
-                value.append({'\\', c}); // No escape after all.
+                value.append({'\\', c}); // Not an escape.
             }
             state = Plain;
         }

@@ -17,8 +17,8 @@ extern const char *const g_impossibleString;
 // Named values by section and key, kept in INI files.
 //
 // A read looks in the installed file beside the program first, then in the object's own file, and
-// falls back to the caller's default. So an installed value cannot be overridden. A write goes to
-// the object's own file only. That is either a private file or the user's file, which all objects
+// falls back to the caller's default. So an installed value cannot be overridden. A write changes
+// only the object's own file. That is either a private file or the user's file, which all objects
 // created without a file name share.
 //
 // Values are byte strings and come back byte for byte, NUL included. Texts and file names are in

@@ -1,5 +1,5 @@
-"""Every text of the program and of its desktop files is translated into every language, in the letters of
-that language, and keeps what the program or a reader needs of it."""
+"""Every text of the program and of its desktop files is translated into every language, in the script of
+that language, and keeps the parts that must not be translated."""
 import pathlib
 import re
 import shutil

@@ -26,7 +26,7 @@ QList<FIX_T> _read(const QByteArrayList &chunks)
     return fixes;
 }
 
-// The fixes in a line each, with all they have and nothing that they do not have.
+// Returns the fixes, one per line, with only the values that they have.
 QStringList _lines(const QList<FIX_T> &fixes)
 {
     QStringList lines;
@@ -54,7 +54,7 @@ QStringList _lines(const QList<FIX_T> &fixes)
     return lines;
 }
 
-// Positions by their seconds, as the sentences of a text declare them.
+// Returns the positions in the sentences of a text, by their seconds.
 QMultiMap<QTime, QGeoCoordinate> _declared(const QByteArray &text)
 {
     QMultiMap<QTime, QGeoCoordinate> places;
@@ -77,7 +77,7 @@ QMultiMap<QTime, QGeoCoordinate> _declared(const QByteArray &text)
     return places;
 }
 
-// Whether each of these places is within a metre of one of those.
+// Returns true if each of these places is within a metre of one of those.
 bool _areNear(const QList<QGeoCoordinate> &these, const QList<QGeoCoordinate> &those)
 {
     return std::all_of(these.begin(), these.end(), [&](const QGeoCoordinate &a) {
@@ -136,7 +136,7 @@ void tst_FixReader::texts()
         QCOMPARE(_lines(_read({text.first(i), text.sliced(i)})), fixes);
 }
 
-// A sentence has at most a kilobyte, and what waits for its end or for a date is bounded.
+// A sentence is at most a kilobyte long, and what waits for its end or for a date is bounded.
 void tst_FixReader::limits()
 {
     const QByteArray gll = "GPGLL,5545.1234,N,03737.0500,E,120108,A";
@@ -155,7 +155,7 @@ void tst_FixReader::limits()
         reader.slot_Data("$$GPGGA,12345678901234567890\r\n");
 }
 
-// Every position that a receiver has declared is there, and no other.
+// Exactly the positions that a receiver has sent are found.
 void tst_FixReader::receiverLogs()
 {
     const QDir folder(qEnvironmentVariable("VRKTRK_LOGS"));

@@ -15,7 +15,7 @@ namespace
 const char *const FILTERS[] = {"Raw GPS output file (*.txt)", "GPS Exchange Format (*.gpx)",
                                "OziExplorer track (*.plt)", "GoogleEarth track (*.kml)"};
 
-// An archive whose GPS stream holds text in blocks of random sizes up to longest.
+// Returns an archive whose GPS stream contains text in blocks of random sizes up to `longest`.
 QByteArray _archive(const QByteArray &title, const QByteArray &text, int longest = 65535)
 {
     const QByteArray other = nmeaSentence("GPRMC,1,A,2,N,3,E,4,5,230311");
@@ -37,7 +37,7 @@ QByteArray _archive(const QByteArray &title, const QByteArray &text, int longest
     return w.take();
 }
 
-// Runs the whole chain and returns its output file, which replaces an older, longer one.
+// Runs the whole chain and returns its output file, which replaces an older and longer one.
 QByteArray _convert(const QByteArray &archive, const char *filter, int chunk = 65536)
 {
     const QTemporaryDir folder;
@@ -90,7 +90,7 @@ QByteArray _kml(const QByteArray &title, const QByteArray &points)
            "</coordinates>\r\n</LineString></Placemark></Folder></Document></kml>\r\n";
 }
 
-// What PLT takes from the locale and the time zone: names of months, and day numbers.
+// What in PLT depends on the locale and the time zone: names of months, and day numbers.
 struct LOCALE_T {
     const char *name;
     const char *march;

@@ -11,7 +11,7 @@ using Table = std::vector<std::pair<string, string>>;
 
 namespace
 {
-// Shows what the objects share.
+// Makes the shared members visible.
 struct SharedIni : CIniFile {
     using CIniFile::mDefSettingsRefCount;
 };

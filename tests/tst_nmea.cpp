@@ -12,7 +12,7 @@
 
 namespace
 {
-// A record as text. Equal texts mean equal numbers.
+// Returns a record as text. Equal texts mean equal numbers.
 QString _text(const nmea_data &n)
 {
     QString text = n.valid ? "A" : "V";
@@ -46,7 +46,8 @@ QStringList _decode(const QByteArrayList &chunks)
     return result << _text(nmea.account());
 }
 
-// The same in the simplest way: a pattern is searched in the whole text, and strtod reads numbers.
+// Does the same in the simplest way: it searches the whole text for a pattern, and strtod reads
+// numbers.
 QStringList _decodePlainly(const QByteArray &bytes)
 {
     static const QRegularExpression name("\\$(GPGGA|GPRMC|PGRME)");
@@ -113,7 +114,7 @@ QStringList _decodePlainly(const QByteArray &bytes)
     return result << _text(account);
 }
 
-// A sentence whose fields have every kind of content, or its damaged text.
+// Returns a sentence whose fields have any kind of content, or a damaged one.
 QByteArray _randomSentence(QRandomGenerator &random)
 {
     const auto any = [&](const QByteArrayList &list) { return list[random.bounded(list.size())]; };

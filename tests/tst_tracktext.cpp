@@ -20,7 +20,7 @@ private Q_SLOTS:
     void nearest();
 };
 
-// Every number is, to the byte, as Qt's own formatting writes it.
+// Every number has the same bytes as with Qt's own formatting.
 void tst_TrackText::numbers()
 {
     constexpr double inf = std::numeric_limits<double>::infinity();

@@ -195,7 +195,7 @@ QByteArray _soundArchive()
     return w.take();
 }
 
-// Headers whose tables and texts run into each other and into strings near the limit.
+// Returns headers whose tables and texts run into each other and into strings near the limit.
 QByteArray _nestedHeaders(QRandomGenerator &random)
 {
     const auto of = [&](const QByteArrayList &values) {

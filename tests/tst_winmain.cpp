@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// The name that a screen reader says.
+// Returns the name that a screen reader says.
 QString _name(QWidget *widget)
 {
     return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);

@@ -13,7 +13,7 @@ class tst_ZelWindow : public QObject
 private Q_SLOTS:
     void initTestCase() { QApplication::setStyle(m_style); }
 
-    // Qt's own styles show the focus only while the keyboard is used.
+    // Qt's own styles show the focus only while the user uses the keyboard.
     void focusShowsAfterClick()
     {
         QWidget window;

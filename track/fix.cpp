@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-// QDateTime's own text takes several times as long as all the rest of a fix.
+// Formatting with QDateTime would take several times as long as everything else done for a fix.
 QByteArray timeText(qint64 time)
 {
     using namespace std::chrono;

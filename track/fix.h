@@ -7,15 +7,14 @@
 
 #include <type_traits>
 
-// How the receiver came by a position, as far as its sentences say. A later value is the better
-// one.
+// How the receiver determined a position, as far as its sentences say. Later values are better.
 enum class FIX_KIND : quint8 { UNKNOWN, TWO_D, THREE_D, DIFFERENTIAL, PRECISE };
 
 // How much of FIX_T::time the receiver sent.
 enum class FIX_CLOCK : quint8 {
-    NONE,        // nothing: time is that of the fix before, and serves only to keep the order
+    NONE,        // nothing; time is that of the previous fix and only keeps the order
     TIME_OF_DAY, // no date: days are counted from 1970-01-01, the day of the first such fix
-    FULL,
+    FULL,        // date and time
 };
 
 // One position of the receiver, merged from all sentences of its instant. A plain record: it can be
@@ -29,16 +28,16 @@ struct FIX_T {
     double course = qQNaN();   // degrees from true north; not-a-number if not sent
     double hdop = qQNaN();     // horizontal dilution of precision; not-a-number if not sent
     qint32 satellites = -1;    // used for the position; -1 if not sent
-    // Numbers the fixes that the receiver sent under one time, from 0 on: some send five positions
-    // a second under times in whole seconds.
+    // Numbers the fixes with the same time, starting at 0. Some receivers send five positions a
+    // second with times in whole seconds.
     quint32 repeat = 0;
     FIX_CLOCK clock = FIX_CLOCK::NONE;
     FIX_KIND kind = FIX_KIND::UNKNOWN;
 };
 static_assert(std::is_trivially_copyable_v<FIX_T>);
 
-// Such a time as text: "2011-03-23T12:01:07Z", with the milliseconds after a point unless they are
-// 0.
+// Formats a FIX_T::time as "2011-03-23T12:01:07Z", or as "2011-03-23T12:01:07.500Z" if it has
+// milliseconds. Years outside 0 to 9999 are clamped.
 QByteArray timeText(qint64 time);
 
 inline constexpr qint64 MS_PER_SECOND = 1000;

@@ -10,7 +10,7 @@
 #include <functional>
 #include <numeric>
 
-// Qt offers its reading of single sentences to subclasses only.
+// Qt lets only subclasses read single sentences.
 class cNmeaLibrary : public QNmeaPositionInfoSource
 {
 public:
@@ -20,20 +20,21 @@ public:
 
 namespace
 {
-// A sentence may be late by so many instants, less one.
+// Number of instants open at a time. A sentence may arrive this many instants late, less one.
 constexpr qsizetype MAX_OPEN = 4;
-// Positions of more kinds of sentences and talkers are not told apart within an instant.
+// Number of sentence names whose positions an instant remembers. Repeats under other names are not
+// recognized.
 constexpr qsizetype MAX_POSITIONS = 16;
 // A time of day that steps back by less than this is late; otherwise a new day has begun.
 constexpr qint64 MAX_BACKWARD = MS_PER_HOUR;
-// Years of two digits from here on belong to the last century.
+// Two-digit years from here on are in the 20th century.
 constexpr int FIRST_YEAR = 80;
 constexpr int MAX_YEAR = 9999;
 // Some receivers change the date a few seconds after midnight.
 constexpr int MAX_OLD_DATE = 10 * MS_PER_SECOND;
 constexpr qint64 JULIAN_DAY_OF_1970 = 2440588;
 
-// Digits as a number; a negative one for anything else.
+// Converts digits to a number. Returns a negative number for anything else.
 int _number(QByteArrayView digits)
 {
     bool isNumber = false;
@@ -41,9 +42,9 @@ int _number(QByteArrayView digits)
     return isNumber ? value : -1;
 }
 
-// hhmmss or hhmmss.sss as milliseconds of the day, -1 for anything else. Leading zeros may be
-// missing, as some receivers leave them out. No output format can express a leap second, so it is
-// squeezed into the last hundredth of the second before, where it keeps its place.
+// Converts hhmmss or hhmmss.sss to milliseconds of the day. Returns -1 for anything else. Leading
+// zeros may be missing, because some receivers omit them. No output format can express a leap
+// second, so it is squeezed into the last hundredth of the previous second, which keeps the order.
 int _time(QByteArrayView field)
 {
     const qsizetype point = field.indexOf('.');
@@ -64,7 +65,7 @@ int _time(QByteArrayView field)
     return whole + (second == 60 ? 59'990 + fraction / 100 : second * 1000 + fraction);
 }
 
-// The day of a date since 1970-01-01; none if there is no such date.
+// Converts a date to days since 1970-01-01. Empty if there is no such date.
 std::optional<qint64> _day(int year, int month, int day)
 {
     const QDate date(year, month, day);
@@ -78,14 +79,14 @@ bool _isValid(QByteArrayView status)
     return status == "A" || status == "D"; // D was once the mark of a differential fix
 }
 
-// Takes over a value unless one is known already or this is none.
+// Stores a value unless one is already known or the new one is not finite.
 void _fill(double &known, double value)
 {
     if (std::isnan(known) && std::isfinite(value))
         known = value;
 }
 
-// A receiver that has lost its fix may report zeros and call them valid.
+// A receiver that has lost its fix may report zeros and mark them as valid.
 bool _isPlace(const QGeoCoordinate &at)
 {
     return at.isValid() && (at.latitude() != 0 || at.longitude() != 0);
@@ -129,7 +130,7 @@ void cFixReader::finish()
 
 void cFixReader::_slot_Sentence(const QByteArray &sentence)
 {
-    if (sentence.startsWith('P')) // proprietary; PGRMC, for instance, is no RMC
+    if (sentence.startsWith('P')) // proprietary; PGRMC, for example, is not an RMC
         return;
     const QByteArrayView name = QByteArrayView(sentence).sliced(2, 3);
     const auto read = [&](void (cFixReader::*how)()) {
@@ -150,8 +151,8 @@ void cFixReader::_slot_Sentence(const QByteArray &sentence)
         read(&cFixReader::_gsa);
 }
 
-// Sets m_fields to the name and the fields of a sentence, without the spaces around them; fields it
-// does not have are empty.
+// Sets m_fields to the name and the fields of a sentence, without the spaces around them.
+// Missing fields are empty.
 void cFixReader::_split(QByteArrayView sentence)
 {
     m_fieldCount = 0;
@@ -165,11 +166,11 @@ void cFixReader::_split(QByteArrayView sentence)
     std::fill(m_fields.begin() + qsizetype(m_fieldCount), m_fields.end(), QByteArrayView());
 }
 
-// Has the library read a sentence made of these fields. Times, dates and what marks a sentence
-// invalid are not among them but read here: the library takes a missing time and a leap second for
-// midnight and the year 99 for 2099, and it spends most of its time on them. Satellites and the
-// kind of a fix are read here because the library does not report them, HDOP because it turns it
-// into metres, and the altitude along with it.
+// Lets the library read a sentence made of these fields. This class itself reads times, dates and
+// whether a sentence is valid: the library takes a missing time and a leap second for midnight and
+// the year 99 for 2099, and it spends most of its time on them. This class also reads the
+// satellites and the kind of a fix, which the library does not report, and HDOP, which it converts
+// to metres. The altitude is in the same sentence.
 QGeoPositionInfo cFixReader::_ask(std::initializer_list<QByteArrayView> fields)
 {
     QGeoPositionInfo info;
@@ -188,7 +189,7 @@ QGeoPositionInfo cFixReader::_ask(std::initializer_list<QByteArrayView> fields)
     return info;
 }
 
-// The position that sentences of that name have brought; null if none has.
+// Returns the position from the sentences of that name; null if there is none.
 QByteArray cFixReader::INSTANT_T::position(QByteArrayView name) const
 {
     const auto it = std::find_if(positions.begin(), positions.end(),
@@ -196,8 +197,8 @@ QByteArray cFixReader::INSTANT_T::position(QByteArrayView name) const
     return it == positions.end() ? QByteArray() : it->second;
 }
 
-// The open instant of a time of day; the newest one for a sentence without a time. Null if there is
-// none.
+// Returns the open instant with that time of day, or the newest one for a sentence without a time.
+// Null if there is none.
 cFixReader::INSTANT_T *cFixReader::_find(int time)
 {
     const auto it = std::find_if(m_open.rbegin(), m_open.rend(), [time](const INSTANT_T &instant) {
@@ -217,9 +218,9 @@ cFixReader::INSTANT_T &cFixReader::_open(int time)
     return m_open.last();
 }
 
-// Enters the position of the current sentence, which has declared it valid, and the motion if there
-// is one. The position is in four fields from index first on. Returns the instant; null if there is
-// no position after all.
+// Stores the position of the current sentence, which is marked as valid, and its speed and course
+// if it has any. The position is in four fields, starting at index first. Returns the instant, or
+// null if the sentence has no position.
 cFixReader::INSTANT_T *cFixReader::_locate(int time, size_t first, QByteArrayView speed,
                                            QByteArrayView course)
 {
@@ -257,7 +258,7 @@ cFixReader::INSTANT_T *cFixReader::_locate(int time, size_t first, QByteArrayVie
     return instant;
 }
 
-// Enters speed and course unless they are known.
+// Stores speed and course unless they are already known.
 void cFixReader::_move(INSTANT_T &instant, const QGeoPositionInfo &info)
 {
     if (info.hasAttribute(QGeoPositionInfo::GroundSpeed))
@@ -282,8 +283,8 @@ void cFixReader::_rmc()
     _enterDay(time, day);
 }
 
-// GNS has the fields of GGA, but for letters that tell the mode of each satellite system in the
-// place of the quality. The library does not know it.
+// GNS has the fields of GGA, except that the quality is replaced by letters for the mode of each
+// satellite system. The library cannot read it.
 void cFixReader::_gga()
 {
     FIX_KIND kind = FIX_KIND::UNKNOWN;
@@ -317,7 +318,7 @@ void cFixReader::_gga()
 
 void cFixReader::_gll()
 {
-    // The first receivers had no field for the status: they sent nothing without a fix.
+    // Early receivers sent no status field, and no GLL without a fix.
     if (m_fieldCount <= 6 || _isValid(_field(6)))
         _locate(_time(_field(5)), 1);
 }
@@ -334,7 +335,7 @@ void cFixReader::_zda()
     _enterDay(_time(_field(1)), _day(_number(_field(4)), _number(_field(3)), _number(_field(2))));
 }
 
-// The library reads a GSA, too, but not whether the fix has a height.
+// The library can read GSA, but it does not report whether the fix includes a height.
 void cFixReader::_gsa()
 {
     if (m_open.isEmpty())
@@ -347,7 +348,7 @@ void cFixReader::_gsa()
     _fill(fix.hdop, _real(_field(16)));
 }
 
-// Enters the date of a sentence that may have no position.
+// Stores the date of a sentence that may have no position.
 void cFixReader::_enterDay(int time, const std::optional<qint64> &day)
 {
     if (time == NO_TIME || !day)
@@ -359,7 +360,7 @@ void cFixReader::_enterDay(int time, const std::optional<qint64> &day)
         instant->day = day;
 }
 
-// Counts a time of day on from the last one, in milliseconds since midnight of the first day.
+// Converts a time of day to milliseconds since midnight of the first day, following the last time.
 qint64 cFixReader::_count(int time)
 {
     const qint64 earliest = m_lastTime ? *m_lastTime - MAX_BACKWARD : 0;
@@ -368,7 +369,7 @@ qint64 cFixReader::_count(int time)
     return *m_lastTime;
 }
 
-// Dates the fix of an instant, if it has one, and emits it or lets it wait for its date.
+// Dates the fix of an instant, if it has one, and emits it or makes it wait for a date.
 void cFixReader::_close(INSTANT_T &instant)
 {
     FIX_T &fix = instant.fix;

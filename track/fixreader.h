@@ -17,34 +17,36 @@
 
 class cNmeaLibrary;
 
-// Reads the fixes that a GPS receiver declares in its text: sentences RMC, GGA, GNS and GLL of any
-// talker for positions, VTG, ZDA and GSA for what these leave open.
+// Reads the fixes in the text of a GPS receiver. Positions come from the sentences RMC, GGA, GNS
+// and GLL of any talker; VTG, ZDA and GSA add what these leave out.
 //
-// All sentences of one instant make one fix; where their positions differ, the one with the most
-// decimals counts, else the first. A second position under the same time from the same kind of
-// sentence is a fix of its own (FIX_T::repeat). A sentence that the receiver marks invalid (status
-// V, quality 0, no position) makes no fix, and neither does a position of exactly 0, 0.
+// All sentences of one instant make one fix. If their positions differ, the one with the most
+// decimals is used, and the first one among equals. A second position with the same time from the
+// same kind of sentence is a separate fix (FIX_T::repeat). A sentence that the receiver marks
+// invalid (status V, quality 0, no position) makes no fix, and neither does a position of exactly
+// 0, 0.
 //
-// The date is that of an RMC or ZDA of the same instant. Without one it is carried forward from the
-// fix before, across midnight. Fixes before the first date wait for it, and get it counted back
-// from there. If none comes, the last date that the receiver sent without a position counts. If
-// there is none either, the fixes come out without a date.
+// The date comes from an RMC or ZDA of the same instant. Without one, it is carried forward from
+// the previous fix, across midnight. Fixes before the first date wait for it and are dated
+// backwards from it. If none comes, the last date that the receiver sent without a position is
+// used. If there is none either, the fixes are emitted without a date.
 //
-// Fixes are emitted in the order of the text, which is not always that of time. The text may come
-// in chunks cut anywhere. Nothing in it is an error. Memory is bounded: at most MAX_WAITING fixes
-// wait for a date, then those are emitted without.
+// Fixes are emitted in the order of the text, which is not always chronological. The text may
+// arrive in chunks cut anywhere. No input is an error. Memory is bounded: at most MAX_WAITING fixes
+// wait for a date, and then they are emitted as at the end of the text.
 class cFixReader : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr qsizetype MAX_WAITING = 100'000; // more than a day, one a second
+    static constexpr qsizetype MAX_WAITING = 100'000; // more than a day at one per second
 
     explicit cFixReader(QObject *parent = nullptr);
     ~cFixReader() override;
 
-    // Call this once after the last chunk: it emits the fixes that still waited. Text that follows
-    // begins anew, as from another receiver; its fixes without a date are later than those before.
+    // Call this after the last chunk: it emits the fixes that are still waiting. Text that follows
+    // is read as that of another receiver, and its fixes without a date are later than those so
+    // far.
     void finish();
 
     const cSentenceSplitter &sentences() const { return m_splitter; }
@@ -65,14 +67,14 @@ private:
     static constexpr int NO_TIME = -1;
     static constexpr size_t FIELDS_READ = 18;
 
-    // What the sentences of one instant have said so far.
+    // What the sentences of one instant have reported so far.
     struct INSTANT_T {
         int time = NO_TIME;        // milliseconds of the day
         std::optional<qint64> day; // since 1970-01-01
         bool located = false;      // all below count only if this is set
         FIX_T fix;                 // its time is not filled in yet
         qsizetype decimals = 0;    // of its position
-        // Names of the sentences with a position, and the positions as they had them.
+        // The names of the sentences with a position, and the positions as they wrote them.
         QList<std::pair<QByteArray, QByteArray>> positions;
 
         QByteArray position(QByteArrayView name) const;
@@ -99,18 +101,19 @@ private:
 
     cSentenceSplitter m_splitter;
     std::unique_ptr<cNmeaLibrary> m_library;
-    QByteArray m_question;                            // for the library
+    QByteArray m_question;                            // the sentence for the library
     std::array<QByteArrayView, FIELDS_READ> m_fields; // of the current sentence, its name included
     size_t m_fieldCount = 0;
     QList<INSTANT_T> m_open; // instants that still take sentences, the newest last
     QList<FIX_T> m_waiting;  // for a date
-    // Times are first counted from midnight of the first day of the text. These offsets lead from
-    // there to the calendar: by the last date that came with a position, and by the last other one.
+    // Times are first counted from midnight of the first day of the text. These offsets convert
+    // them to calendar times: the first by the last date that came with a position, the second by
+    // the last one that did not.
     std::optional<qint64> m_offset;
     std::optional<qint64> m_guess;
     std::optional<qint64> m_lastTime; // counted that way
     std::optional<qint64> m_undated;  // the latest fix without a date, counted that way
-    qint64 m_base = 0;                // from where fixes without a date are counted
+    qint64 m_base = 0;                // added to the times of fixes without a date
     quint32 m_timeless = 0;           // fixes without a time
     qint64 m_fixes = 0;
 };

@@ -12,14 +12,15 @@
 class cFixStore
 {
 public:
-    // Appends fixes; does nothing if something failed before.
+    // Appends fixes. Does nothing after an error.
     void append(const QList<FIX_T> &fixes);
 
     qint64 size() const { return m_size; }
-    // The n fixes from index on, which must exist. The list is empty if they cannot be read.
+    // Returns the n fixes from index on, which must exist. Returns an empty list if they cannot be
+    // read.
     QList<FIX_T> read(qint64 index, qsizetype n);
 
-    // What went wrong first; empty if all is well.
+    // The message of the first error, in the system's words; empty if there was none.
     const QString &error() const { return m_error; }
 
 private:

@@ -6,7 +6,7 @@
 
 QByteArray cFixWriter::number(double value, int decimals)
 {
-    // The largest number has so many digits before its point.
+    // Room for the digits of the largest number, a sign, a point and nine decimals.
     std::array<char, std::numeric_limits<double>::max_exponent10 + 16> text{};
     const std::to_chars_result result =
         std::to_chars(text.begin(), text.end(), value, std::chars_format::fixed, decimals);

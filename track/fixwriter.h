@@ -7,7 +7,7 @@
 #include <QObject>
 #include <QString>
 
-// The base of the writers of fixes, one for each format.
+// The base class of the writers that write a cTrack, one for each format.
 //
 // Numbers have a point in every locale and no superfluous decimals; times are UTC. Memory does not
 // grow with the track.
@@ -16,8 +16,8 @@ class cFixWriter : public QObject
     Q_OBJECT
 
 public:
-    // Sends the whole file of a finished track, under a title that may hold any characters. Returns
-    // false if the file must not be used because a library could not write it.
+    // Sends the whole file for a finished track. The title may contain any characters. Returns
+    // false if the file could not be written; the bytes sent must then not be used.
     virtual bool write(const cTrack &track, const QString &title) = 0;
 
 Q_SIGNALS:
@@ -27,11 +27,12 @@ Q_SIGNALS:
 protected:
     explicit cFixWriter(QObject *parent) : QObject(parent) {}
 
-    // Degrees to a tenth of a millimetre on the ground.
+    // Formats degrees, exact to a tenth of a millimetre on the ground.
     static QByteArray degrees(double value) { return number(value, 9); }
-    // A number rounded to so many decimals, 0 to 9.
+    // Formats a finite number, rounded to at most this many decimals (0 to 9), without trailing
+    // zeros.
     static QByteArray number(double value, int decimals = 3);
-    // The kind of a fix in the words of GPX; empty if it is not known.
+    // Returns the kind of a fix as GPX names it; empty if it is not known.
     static QByteArray kind(const FIX_T &fix);
 };
 

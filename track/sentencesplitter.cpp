@@ -10,7 +10,7 @@ namespace
 constexpr qsizetype MAX_LENGTH = 1024; // of a sentence, from its dollar sign to its last digit
 constexpr qsizetype MAX_TEXT = MAX_LENGTH - 4; // without dollar sign, asterisk and two digits
 constexpr qsizetype NAME_LENGTH = 5;
-// A receiver that sends checksums has sent one within so many sentences.
+// A receiver that sends checksums sends one within this many sentences.
 constexpr qsizetype MAX_HELD = 16;
 
 bool _isText(char c)
@@ -18,7 +18,7 @@ bool _isText(char c)
     return c >= ' ' && c <= '~' && c != '$' && c != '*';
 }
 
-// The value of a digit or capital letter in base 36, -1 for anything else.
+// Returns the value of a digit or capital letter in base 36, or -1 for anything else.
 int _letter(char c)
 {
     if (c >= '0' && c <= '9')
@@ -32,8 +32,8 @@ int _hexDigit(char c)
     return value < 16 ? value : -1;
 }
 
-// The index of the sentence's talker, -1 if the text does not begin with a standard name and a
-// comma.
+// Returns the index of the sentence's talker, or -1 if the text does not begin with a standard name
+// and a comma.
 int _talker(QByteArrayView text)
 {
     if (text.size() <= NAME_LENGTH || text[NAME_LENGTH] != ',' || text.front() == 'P')
@@ -64,7 +64,7 @@ void cSentenceSplitter::finish()
     m_unchecked.reset();
 }
 
-// Takes what the current state can use of the bytes from p to end and returns where to continue.
+// Consumes the bytes from p on that the current state accepts, and returns where to continue.
 const char *cSentenceSplitter::_take(const char *p, const char *end)
 {
     if (m_state == STATE_SKIP) {

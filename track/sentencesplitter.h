@@ -9,12 +9,12 @@
 
 // Finds the NMEA 0183 sentences in the text of a GPS receiver.
 //
-// The text comes in chunks that may end anywhere. A sentence needs a correct checksum. The
-// sentences of a talker that sends none are accepted without one if they end with their line; the
-// first correct checksum of a talker ends that for good. A dollar sign always starts a new
-// sentence, so text cut short costs nothing else. Zero bytes are skipped: recorders fill blocks
-// with them. Any other byte outside of printable ASCII ends the sentence without a result, and so
-// does a length of more than one kilobyte. Time is linear in the text, and memory does not grow
+// The text may arrive in chunks cut anywhere. A sentence needs a correct checksum. If a talker
+// sends no checksums, its sentences are accepted without one when the line ends; after the first
+// correct checksum of a talker, they no longer are. A dollar sign always starts a new sentence, so
+// a truncated sentence does not affect the next one. Zero bytes are skipped, because recorders fill
+// blocks with them. A sentence with any other byte outside printable ASCII is discarded, and so is
+// one longer than one kilobyte. Time is linear in the length of the text, and memory does not grow
 // with it.
 class cSentenceSplitter : public QObject
 {
@@ -23,8 +23,9 @@ class cSentenceSplitter : public QObject
 public:
     explicit cSentenceSplitter(QObject *parent = nullptr);
 
-    // Call this once after the last chunk: it may emit sentences without checksum that waited for a
-    // decision. Text that follows begins anew, as from another receiver.
+    // Call this after the last chunk: it may emit sentences without a checksum that were held back
+    // until it was clear whether their talker sends any. Text that follows is read as that of
+    // another receiver.
     void finish();
 
     // Sentences accepted so far, of all names.
@@ -35,9 +36,9 @@ public Q_SLOTS:
     void slot_Data(const QByteArray &a);
 
 Q_SIGNALS:
-    // The text between dollar sign and asterisk: a name of two characters for the talker and three
-    // for the sentence, and the fields, each after a comma. Or a proprietary sentence, which begins
-    // with P. Valid only during the call.
+    // The text between the dollar sign and the asterisk: two characters for the talker, three for
+    // the sentence, and the fields, each after a comma. Proprietary sentences begin with P and have
+    // other names. Valid only during the call.
     void signal_Data(const QByteArray &sentence);
 
 private:
@@ -57,7 +58,7 @@ private:
     int m_checksum = 0;
     int m_digits = 0;                 // of the checksum, so far
     std::bitset<TALKERS> m_checked;   // talkers that have sent a correct checksum
-    std::bitset<TALKERS> m_unchecked; // talkers found to send none
+    std::bitset<TALKERS> m_unchecked; // talkers that send none
     QByteArrayList m_held;            // sentences of talkers of neither kind
     qint64 m_count = 0;
 };

@@ -8,16 +8,17 @@
 
 namespace
 {
-// Fixes are sorted in blocks of so many.
+// Fixes are sorted in blocks of this many.
 constexpr qsizetype BLOCK = 1 << 14;
-// So many fixes of each run are in memory at a time.
+// Number of fixes of each run that are in memory at a time.
 constexpr qsizetype READ_AHEAD = 64;
-// Metres per second. Receivers that anybody can buy must stop at 515, and jet fighters reach 900:
-// what seems faster is a wrong position, or the end of one.
+// Metres per second. Civilian receivers must stop working at 515, and jet fighters reach 900.
+// Anything faster is a jump to a wrong position or back.
 constexpr double MAX_SPEED = 1000;
 
-// Metres. Two fixes of one instant are the same if they are closer than this: archives that overlap
-// may lack different sentences of it. If they are not, the receiver's clock was set back.
+// Metres. Two fixes of one instant are the same if they are closer than this. Their positions may
+// differ because overlapping archives can lack different sentences. If they are further apart, the
+// receiver's clock was set back.
 constexpr double SAME_PLACE = 10;
 
 auto _order(const FIX_T &fix)
@@ -47,7 +48,7 @@ qint64 _timeOfDay(qint64 time)
     return rest < 0 ? rest + MS_PER_DAY : rest;
 }
 
-// Adds what the same fix, received once more, has in addition.
+// Fills in missing values from a duplicate of the fix.
 void _complete(FIX_T &fix, const FIX_T &same)
 {
     for (double FIX_T::*value : {&FIX_T::altitude, &FIX_T::speed, &FIX_T::course, &FIX_T::hdop}) {
@@ -119,7 +120,7 @@ cTrackCursor::cTrackCursor(const cTrack &track) : m_track(&track)
     _take();
 }
 
-// Of two equal fixes the one that was received first comes first.
+// Of two equal fixes, the one that was received first comes first.
 bool cTrackCursor::_isLater(const HEAD_T &a, const HEAD_T &b)
 {
     return std::pair(_order(_front(a)), a.rest.end) > std::pair(_order(_front(b)), b.rest.end);
@@ -148,7 +149,7 @@ FIX_T cTrackCursor::_pop()
     return fix;
 }
 
-// Takes the earliest fix and all that are the same. Returns false if there are none left.
+// Takes the earliest fix and its duplicates. Returns false if there are none left.
 bool cTrackCursor::_take()
 {
     m_atEnd = m_heads.isEmpty();

@@ -10,13 +10,13 @@
 
 #include <optional>
 
-// One end of the wanted part of a track.
+// The start or the end of the part of a track that is kept.
 struct TRACK_LIMIT_T {
     qint64 time = 0;    // milliseconds since 1970-01-01T00:00:00 UTC
-    bool daily = false; // or of the day, for every day
+    bool daily = false; // time counts from midnight UTC instead, and applies to every day
 };
 
-// Collects fixes into a track: in order of time, no fix twice, cut into segments.
+// Collects fixes into a track: in order of time, without duplicates, cut into segments.
 //
 // Connect the signal of cFixReader, for one archive or for several that may overlap. Then call
 // finish(), and walk through the track with any number of cTrackCursor objects. A long track is
@@ -32,17 +32,17 @@ public:
 
     // A segment ends if the next fix is more than this many milliseconds later.
     void setGap(qint64 gap) { m_gap = gap; }
-    // From now on, fixes before from and after until are ignored. If both are daily and from is the
-    // later one, the nights are kept. A fix without a date passes daily limits only, one without a
-    // time passes none.
+    // Ignores all further fixes before `from` or after `until`. If both limits are daily and `from`
+    // is later than `until`, the time across midnight is kept. A fix without a date passes only
+    // daily limits, and a fix without a time passes none.
     void setLimits(const std::optional<TRACK_LIMIT_T> &from,
                    const std::optional<TRACK_LIMIT_T> &until);
 
-    // Sorts what is still unsorted. Call this once after the last fix.
+    // Sorts the fixes that are still unsorted. Call this after the last fix.
     void finish();
 
-    // Why fixes are missing from the track; empty if none are. Walking through the track may find
-    // that out, too.
+    // An error message if fixes are missing from the track; empty if none are. Check it again after
+    // walking through the track, which may also fail.
     const QString &error() const { return m_store.error(); }
 
 public Q_SLOTS:
@@ -69,20 +69,20 @@ private:
     mutable cFixStore m_store; // reading moves the position in its file
 };
 
-// Walks through a finished track, beginning at its first fix. A copy goes on from the same fix. The
-// track must outlive it.
+// Walks through a finished track, starting at its first fix. A copy continues from the same fix.
+// The track must outlive the cursor.
 class cTrackCursor
 {
 public:
     explicit cTrackCursor(const cTrack &track);
 
-    // Must be false for everything below.
+    // Call the following only while this is false.
     bool atEnd() const { return m_atEnd; }
     const FIX_T &fix() const { return m_fix; }
-    // Whether the fix is the first one of a segment: after a gap, a jump faster than anything
-    // moves, or where fixes with and without a date meet.
+    // Returns true if the fix is the first one of a segment. Segments end at a gap, at a jump
+    // faster than anything moves, and between fixes with and without a date.
     bool startsSegment() const { return m_startsSegment; }
-    // Metres from the fix before; 0 at the start of a segment.
+    // Metres from the previous fix; 0 at the start of a segment.
     double distance() const { return m_distance; }
     void next();
 

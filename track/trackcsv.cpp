@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-// No value needs quotes: they consist of digits, letters, points, dashes and colons.
+// No value needs quotes, because values consist of digits, letters, points, dashes and colons.
 bool cTrackCsv::write(const cTrack &track, const QString &)
 {
     const auto optional = [](double value) {

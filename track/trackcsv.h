@@ -3,8 +3,8 @@
 
 #include "track/fixwriter.h"
 
-// Writes comma-separated values (RFC 4180): a header line, then a line for each fix, empty where
-// the receiver sent no value. There is no place for the title.
+// Writes comma-separated values (RFC 4180): a header line, then a line for each fix. A value that
+// the receiver did not send is left empty. The title is not written.
 class cTrackCsv : public cFixWriter
 {
     Q_OBJECT

@@ -10,8 +10,8 @@ namespace
 {
 constexpr double HALF_TURN = 180;
 
-// Where the shorter way between two fixes crosses the 180th meridian: the ends of the line before
-// and of the line after the cut.
+// Returns where the shorter way between two fixes crosses the 180th meridian: the end of the line
+// before the cut, and the start of the line after it.
 std::pair<FIX_T, FIX_T> _cut(const FIX_T &from, const FIX_T &to)
 {
     const double before = HALF_TURN - std::fabs(from.lon);

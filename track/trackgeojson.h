@@ -6,7 +6,7 @@
 // Writes GeoJSON (RFC 7946): a feature for each segment, with the times of its positions in the
 // property "coordTimes" if they have a date.
 //
-// A segment is a line, or a point if it has one fix only. It is cut into several lines at the 180th
+// A segment is a line, or a point if it has only one fix. It is cut into several lines at the 180th
 // meridian, with positions added on both sides of each cut.
 class cTrackGeoJson : public cFixWriter
 {

@@ -43,7 +43,7 @@ void cTrackKml::_track(cTrackCursor &at)
     } while (!at.atEnd() && !at.startsSegment());
     do {
         const FIX_T &fix = again.fix();
-        // It always has three numbers; tracks follow the ground, whatever the third one is.
+        // A gx:coord always has three numbers. Tracks follow the ground whatever the third one is.
         xml().writeCharacters(u"\n"_s);
         element(u"gx:coord"_s, degrees(fix.lon) + ' ' + degrees(fix.lat) + ' ' +
                                    (std::isnan(fix.altitude) ? "0" : number(fix.altitude)));

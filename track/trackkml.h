@@ -3,8 +3,8 @@
 
 #include "track/xmlfixwriter.h"
 
-// Writes KML 2.2 for Google Earth: a gx:Track for each segment, which its time slider understands;
-// a plain line for fixes without a date.
+// Writes KML 2.2 for Google Earth: for each segment, a gx:Track, which works with the time slider,
+// or a plain line if the fixes have no date.
 class cTrackKml : public cXmlFixWriter
 {
     Q_OBJECT

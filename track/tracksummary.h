@@ -5,11 +5,11 @@
 
 #include <QGeoRectangle>
 
-// What a track comes to.
+// Figures about a whole track.
 struct TRACK_SUMMARY_T {
     qint64 fixes = 0;
     qint64 segments = 0;
-    // All below count only if there is a fix. Times are null if no fix has a date.
+    // The following are valid only if there is a fix. Times are empty if no fix has a date.
     std::optional<qint64> first; // milliseconds since 1970-01-01T00:00:00 UTC
     std::optional<qint64> last;
     double metres = 0;         // along the segments

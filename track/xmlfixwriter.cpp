@@ -6,7 +6,7 @@ cXmlFixWriter::cXmlFixWriter(QObject *parent) : cFixWriter(parent), m_xml(&m_tex
 
 void cXmlFixWriter::start(const QString &root, const QString &space)
 {
-    // Writing to a string, the XML writer leaves out the encoding.
+    // The XML writer leaves out the encoding when it writes to a string.
     m_text = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"_s;
     m_xml.writeStartElement(root);
     m_xml.writeDefaultNamespace(space);

@@ -5,7 +5,7 @@
 
 #include <QXmlStreamWriter>
 
-// The base of the writers of XML: an XML writer whose output is sent piece by piece.
+// The base class of the writers of XML. It sends the output of an XML writer piece by piece.
 class cXmlFixWriter : public cFixWriter
 {
     Q_OBJECT
@@ -14,15 +14,15 @@ protected:
     explicit cXmlFixWriter(QObject *parent);
 
     QXmlStreamWriter &xml() { return m_xml; }
-    // The first and the last step: the root element with its namespace, and all end tags. end()
-    // returns false if the XML writer met an error.
+    // start() begins the root element with its default namespace; end() writes all end tags and
+    // returns false if the XML writer has reported an error.
     void start(const QString &root, const QString &space);
     bool end();
-    // Elements and attributes with text in plain ASCII.
+    // Write elements and attributes. The text must be ASCII.
     void element(const QString &name, const QByteArray &text);
     void attribute(const QString &name, const QByteArray &text);
-    // The element "name", which both formats have, with a title of any characters: those that XML
-    // cannot express are replaced.
+    // Writes the element "name", which both GPX and KML have. The title may contain any characters;
+    // those that XML cannot express become U+FFFD.
     void name(const QString &title);
     // Sends what has been written so far.
     void send();

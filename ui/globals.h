@@ -17,7 +17,7 @@ struct PARAMS_T {
     QStringList switches;
     // The names of existing files. Only the first one is read.
     QStringList inputs;
-    // Before the Save dialog one proposal for each input, afterwards the chosen name or nothing.
+    // Before the Save dialog, one proposal for each input; after it, the chosen name or nothing.
     QStringList outputs;
     // The translated text of the chosen format, such as "GPS Exchange Format (*.gpx)". It is the
     // filter of the Save dialog, and it determines the writer and the extension of the output.
@@ -26,7 +26,7 @@ struct PARAMS_T {
     qint32 action = 0;
 };
 
-// The parameters. main creates them first of all; they are never freed.
+// The parameters. main creates them before anything else; they are never freed.
 extern PARAMS_T *gParams;
 // The settings. main creates them once an input is known and destroys them at its end, which writes
 // them to disk.

@@ -20,14 +20,15 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int BORDER = 1;
-// A contrast of at least 3 to 1 with a window's background: one window may cover another.
+// Both have a contrast of at least 3 to 1 with a window's background, because one window may cover
+// another.
 constexpr QRgb BORDER_ACTIVE = 0xffc0c0ff;
 constexpr QRgb BORDER_INACTIVE = 0xff8a90a6;
 // The width of the resize area along an edge, and the length of a corner.
 constexpr int GRIP = 5;
 constexpr int CORNER = 14;
 // How far the content extends under the border and the title bar. Forms have margins made for a
-// window of their own, and with large fonts a small frame needs that space for the texts.
+// separate window, and with large fonts a small frame needs that space for text.
 constexpr int OVERLAP = 4;
 // How much of the title bar must be on a screen: its buttons and some space beside them, by which
 // the window can be dragged.
@@ -42,7 +43,7 @@ Qt::CursorShape _cursorFor(Qt::Edges edges)
     return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
 }
 
-// Returns whether the widget may get the focus first. In a group of radio buttons, only the checked
+// Returns true if the widget may get the focus first. In a group of radio buttons, only the checked
 // one may.
 bool _isEntrance(const QWidget *widget)
 {
@@ -52,8 +53,8 @@ bool _isEntrance(const QWidget *widget)
 }
 } // namespace
 
-// A button of the title bar. Its sign is drawn rather than loaded, so that it is sharp at any scale
-// and has a colour of the palette.
+// A button of the title bar. Its symbol is drawn rather than loaded, so that it is sharp at any
+// scale and uses the colours of the palette.
 class ZelWindowTitle::Button : public QToolButton
 {
 public:

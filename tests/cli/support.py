@@ -1,4 +1,4 @@
-"""What the tests of vrk3 share: small archives, and ways to run the program."""
+"""Shared by the tests of vrk3: small archives, and ways to run the program."""
 import functools
 import operator
 import os
@@ -67,7 +67,7 @@ def archive(text, title="Title", stream=0xFD):
 
 
 def everything():
-    """An archive with all that archives can contain, in numbers that all differ."""
+    """An archive with everything that archives can contain, in numbers that all differ."""
     streams = [(1, 1, "cam0", "Камера", "mjpeg"), (2, 2, "mic0", "", "pcm"), (8, 8, "", "", ""),
                (9, 0, "", "none", ""), (16, 16, "adc", "Volt", "mV"), (0xFD, 4, "com1", "GPS", "nmea")]
     first = header("A < B & \x1b[2J\u202e\U000e0041", streams, b"\1one\0\5\xd0\x9c\0\0\xff\1uno\0")
@@ -104,7 +104,7 @@ LONG = archive(b"".join(gprmc(i, 48 + i / 1e5, 11) for i in range(20000)) * 4)
 
 
 class Case(unittest.TestCase):
-    """A test with a folder of its own, in which vrk3 runs."""
+    """A test case with its own folder, in which vrk3 runs."""
     maxDiff = None
 
     def setUp(self):

@@ -19,7 +19,7 @@ def rows(text):
 
 
 def journey():
-    """Two archives that overlap: midnight at the antimeridian, a pause, a jump and a fix on its own."""
+    """Two archives that overlap: midnight at the antimeridian, a pause, a jump and a single fix."""
     places = ("1630.0,S,17959.98765,E", "1630.0123,S,18000.000,E", "1630.0123456,S,17959.9,W", "1630.05,S,17959.7,W")
     text = b""
     for i, place in enumerate(places):

@@ -1,4 +1,4 @@
-"""vrk3 as people start it: outputs, messages, exit statuses, and what goes wrong on real machines."""
+"""vrk3 as users run it: outputs, messages, exit statuses, and what goes wrong on real machines."""
 import fcntl
 import itertools
 import json
@@ -190,7 +190,7 @@ class Machine(Case):
         for change, expected in ((lambda: process.stdout.close(), (-signal.SIGPIPE, b"")),
                                  (lambda: os.truncate(self.path("long.vrk3"), 2000000), (1, shrank))):
             with self.start("convert", "-t", "raw", "-o", "-", "long.vrk3") as process:
-                process.stdout.read(100)  # now the pipe is full, and the archive not yet read
+                process.stdout.read(100)  # now the pipe is full, and the archive is not yet read
                 change()
                 errors = process.stderr.read() if process.stdout.closed else process.communicate()[1]
             self.assertEqual((process.returncode, errors), expected)
@@ -218,7 +218,7 @@ class Machine(Case):
                 process.communicate(LONG[1000000:])
             os.write(end, b"end")
             text = b""
-            while not text.endswith(b"end"):  # a terminal hands out its text in pieces
+            while not text.endswith(b"end"):  # a terminal delivers its text in pieces
                 text += os.read(terminal, 10000)
             os.close(end)
             os.close(terminal)

@@ -1,4 +1,4 @@
-"""A virtual desktop on which tests start the real program and use it like a person.
+"""A virtual desktop on which tests start the real program and use it as a person would.
 
     class MyTest(desktop.Case):
         def test_something(self):
@@ -32,7 +32,7 @@ PATIENCE = 30  # seconds, for sanitizers and busy machines
 
 
 def wait_for(what, probe, is_hopeless=lambda: False):
-    """Calls probe until it returns something true, and returns that."""
+    """Calls probe until it returns a true value, and returns that."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end and not is_hopeless():
         found = probe()
@@ -159,7 +159,7 @@ class Program:
         while pending:
             depth, widget = pending.pop()
             yield depth, widget
-            # Qt prints a warning if a list of files is asked for its items before it has read them.
+            # Qt prints a warning if the items of a list of files are requested before it has read them.
             if widget.get_role_name() in ("list", "tree", "table"):
                 continue
             children = (widget.get_child_at_index(i) for i in range(widget.get_child_count()))

@@ -22,7 +22,7 @@ def place_of(window):
 
 
 def comes_to(place):
-    """An act of a session: wait until the frame has this place and size on the screen."""
+    """A step of a session: wait until the frame has this place and size on the screen."""
     return lambda program, window: desktop.wait_for(
         lambda: f"{place}, not {place_of(window)}", lambda: place_of(window) == place)
 
@@ -47,11 +47,11 @@ class SettingsTest(desktop.Case):
         self.user_file = self.home / ".config/Ostravane/settings.ini"
 
     def session(self, act=lambda program, window: None, **environment):
-        """Starts the program, acts on the frame and cancels. Returns the stored geometry."""
+        """Starts the program, performs the steps and cancels. Returns the stored geometry."""
         with self.start("a.vrk3", **environment) as program:
             program.find("filler", "VrkTrk", states=["ACTIVE"])
             act(program, xdotool("search", "--onlyvisible", "--name", "^VrkTrk$").strip())
-            # A key arrives after all changes of the window; a press over the bus may overtake them.
+            # A key arrives after all changes of the window. A press through the bus may arrive earlier.
             program.keys("filler", "VrkTrk", "Escape")
         settings = configparser.ConfigParser()
         settings.read(self.user_file)
@@ -149,7 +149,7 @@ class SettingsTest(desktop.Case):
                 ("tr_TR", "GPX biçimi (.gpx)", "Kaydet", "İptal"),
                 ("zh_CN", "GPX 格式 (.gpx)", "保存", "取消"),
                 ("ja_JP", "GPX 形式 (.gpx)", "保存", "キャンセル")):
-            # Qt takes only the name of the locale, so the data of any other will do.
+            # Qt uses only the name of the locale, so the data of any other locale is good enough.
             if locale != "C":
                 (self.home / f"{locale}.utf8").symlink_to("/usr/lib/locale/C.utf8")
             with (self.subTest(locale), self.start("a.vrk3", LANG=f"{locale}.UTF-8",

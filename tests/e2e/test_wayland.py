@@ -1,4 +1,4 @@
-"""The way through the windows under a Wayland compositor."""
+"""A run through all windows under a Wayland compositor."""
 import subprocess
 import unittest
 

@@ -1,4 +1,4 @@
-"""The way of a person through the windows, with all its exits."""
+"""Runs through all windows as a person would use them, with every way to end."""
 import struct
 import subprocess
 import unittest
@@ -58,7 +58,7 @@ class WindowTest(desktop.Case):
         self.assertEqual((self.folder / "a.gpx").read_bytes()[:5], b"<?xml")
 
     def test_cancel_in_mid_run_keeps_what_came_through(self):
-        # So long that the run cannot end before the cancel, and with text at the end that must not come.
+        # So long that the run cannot end before the cancel, with text at the end that must not appear.
         with open(self.folder / "long.vrk3", "wb") as file:
             file.write(archive())
             file.seek(64 << 30)

@@ -1,6 +1,6 @@
 #!/bin/sh
-# spare_root.sh COMMAND...: runs a command as root on a temporary copy of /usr, /etc and /var. Where the
-# system does not permit such a copy, as in most containers, it runs on the machine itself.
+# spare_root.sh COMMAND...: runs a command as root on a temporary copy of /usr, /etc and /var. If the
+# system does not permit such a copy, as in most containers, the command runs on the machine itself.
 [ "$(id -u)" = 0 ] || exec sudo -E "$0" "$@"
 
 SPARE=$(mktemp -d)

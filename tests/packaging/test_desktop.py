@@ -1,5 +1,5 @@
-"""The scripts of the desktop, in German, installed where the window and the desktop's own programs only
-report how they are called. Environment: that of support.py, and VRKTRK_BUILD, the build folder."""
+"""The scripts for desktops, in German. The window and the desktop's own programs are replaced with scripts
+that report how they are called. Environment: that of support.py, and VRKTRK_BUILD, the build folder."""
 import os
 import struct
 import subprocess
@@ -26,7 +26,7 @@ class DesktopTest(support.Case):
             self.write(f"d ä/{name}.vrk3", content)
 
     def calls(self, script, name, *arguments):
-        """What a script calls, also in the background."""
+        """Returns what a script calls, also in the background."""
         command = ["sh", "-c", 'exec "$@" 3>&1 >&2', "sh", self.path(script), self.path(f"d ä/{name}.vrk3")]
         environment = dict(os.environ, LC_ALL="de_DE.UTF-8", TMPDIR=self.folder,
                            PATH=f"{self.folder}/bin:{os.environ['PATH']}")

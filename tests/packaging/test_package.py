@@ -29,7 +29,7 @@ def run(*command, **options):
 
 
 def machine():
-    """Every file in a place where a package or its triggers could leave one."""
+    """Returns every file in a place where a package or its triggers could leave one."""
     return set(run("find", "/usr", "/etc", "/opt", "/var/lib", "-printf", "%p %l\n").splitlines())
 
 
@@ -104,7 +104,7 @@ class PackageTest(desktop.Case):
         self.assertEqual(machine() ^ before, set())
 
     def double_clicks(self):
-        """Does what a file manager does: from name to type to program to command with a full path."""
+        """Does what a file manager does: finds the type, the program and the command for a full path."""
         from gi.repository import Gio
         self.assertEqual(Gio.content_type_guess("a.vrk3", b"PK\3\4 bytes ahead")[0],
                          "application/x-vrk3")
