@@ -39,7 +39,7 @@ void _checkText(const QByteArray &bytes)
 
 void _checkInfo(const QString &file)
 {
-    cProgress progress(file, false);
+    cProgress progress(1, false);
     cContents contents;
     if (!contents.read({file}, progress).isEmpty())
         return;
@@ -52,7 +52,7 @@ void _checkInfo(const QString &file)
 
 void _checkPlot(const QString &file)
 {
-    cProgress progress(file, false);
+    cProgress progress(1, false);
     cTrackSource source;
     if (!source.read({file}, progress).isEmpty() || !source.finish().isEmpty())
         return;
