@@ -28,6 +28,8 @@ import tempfile
 import time
 import unittest
 
+from gi.repository import GLib
+
 PATIENCE = 30  # seconds, for sanitizers and busy machines
 
 
@@ -35,7 +37,10 @@ def wait_for(what, probe, is_hopeless=lambda: False):
     """Calls probe until it returns a true value, and returns that."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end and not is_hopeless():
-        found = probe()
+        try:
+            found = probe()
+        except GLib.Error:  # The widgets changed during the probe.
+            found = None
         if found:
             return found
         time.sleep(0.02)
@@ -79,10 +84,10 @@ class Desktop:
         # Imported only now, because the library looks for its bus while it is loaded.
         import gi
         gi.require_version("Atspi", "2.0")
-        from gi.repository import Atspi, GLib
+        from gi.repository import Atspi
         # By default a call fails if a program older than 15 seconds does not answer it in 0.8.
         Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)
-        self.atspi, self.error = Atspi, GLib.Error
+        self.atspi = Atspi
 
     def _serve(self, *command):
         """Starts a service. If it takes a {ready} descriptor, waits for and returns its answer."""
@@ -168,13 +173,10 @@ class Program:
     def shows(self, role, name=None, states=("SHOWING", "SENSITIVE")):
         """Returns the first widget with this role, name and states, or None."""
         wanted = [getattr(self.desktop.atspi.StateType, state) for state in states]
-        try:
-            for _, widget in self.widgets():
-                if widget.get_role_name() == role and name in (None, widget.get_name()):
-                    if all(widget.get_state_set().contains(state) for state in wanted):
-                        return widget
-        except self.desktop.error:
-            pass  # The widgets changed during the search.
+        for _, widget in self.widgets():
+            if widget.get_role_name() == role and name in (None, widget.get_name()):
+                if all(widget.get_state_set().contains(state) for state in wanted):
+                    return widget
         return None
 
     def find(self, role, name=None, **states):
@@ -189,6 +191,10 @@ class Program:
     def keys(self, role, name, *keys):
         """Waits until this window has the focus, then presses keys with xdotool's names (X11)."""
         self.find(role, name, states=["ACTIVE"])
+        # The window manager, which has keys of its own, may still believe that another window has it.
+        active = ["xdotool", "getactivewindow", "getwindowname"]
+        wait_for(f"{name} to be the active window", lambda: name == subprocess.run(
+            active, check=False, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout.decode().strip())
         subprocess.run(["xdotool", "key", "--delay", "30", *keys], check=True)
 
     def fill_in(self, dialog, path, replace=False):
@@ -216,7 +222,7 @@ class Program:
         try:
             for depth, widget in self.widgets():
                 state += f"\n{'  ' * depth}{widget.get_role_name()} {widget.get_name()!r}"
-        except self.desktop.error as error:
+        except GLib.Error as error:
             state += f"\n({error})"
         return state
 
