@@ -63,21 +63,37 @@ const TRACK_FORMAT_T *_findByExtension(const QString &extension)
     return _find(&TRACK_FORMAT_T::extension, extension == ".json"_L1 ? u".geojson"_s : extension);
 }
 
-// Reads an ISO 8601 time, which is UTC unless it has a zone. Empty if the text is not a time. A
-// time without a date is a daily limit. A date without a time is the first millisecond of the day,
-// or the last if isEnd is set.
-std::optional<TRACK_LIMIT_T> _limit(const QString &text, bool isEnd)
+// Puts the separators into a date or a time after "T" that has none: "20110323T1200".
+QString _separated(QString text)
 {
+    static const QRegularExpression date(u"^(\\d{4})(\\d\\d)(\\d\\d)(?!\\d)"_s);
+    static const QRegularExpression time(u"(T\\d\\d)(\\d\\d)(\\d\\d)?"_s,
+                                         QRegularExpression::CaseInsensitiveOption);
+    text.replace(date, u"\\1-\\2-\\3"_s);
+    const QRegularExpressionMatch match = time.match(text);
+    if (match.hasCaptured(3))
+        text.insert(match.capturedStart(3), u':');
+    if (match.hasMatch())
+        text.insert(match.capturedStart(2), u':');
+    return text;
+}
+
+// Reads an ISO 8601 time, which is UTC unless it has a zone. Empty if the text is not a time. A
+// time without a date is a daily limit. If isEnd is set, a date without a time is the last
+// millisecond of the day, and 00:00 is the end of the day; otherwise they are the start of the day.
+std::optional<TRACK_LIMIT_T> _limit(const QString &argument, bool isEnd)
+{
+    const QString text = _separated(argument);
     const QDate date = QDate::fromString(text, u"yyyy-MM-dd"_s);
     if (date.isValid()) {
         const qint64 start = date.startOfDay(Qt::UTC).toMSecsSinceEpoch();
         return TRACK_LIMIT_T{isEnd ? start + MS_PER_DAY - 1 : start, false};
     }
     static const QRegularExpression form(
-        u"^(\\d{4}-\\d\\d-\\d\\d[T ])?(\\d\\d:[\\d:.,]+)(Z|[+-]\\d\\d(:?\\d\\d)?)?$"_s,
+        u"^(\\d{4}-\\d\\d-\\d\\d[T ]|T)?(\\d\\d:[\\d:.,]+)(Z|[+-]\\d\\d(:?\\d\\d)?)?$"_s,
         QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch match = form.match(text);
-    const bool isDaily = match.capturedLength(1) == 0;
+    const bool isDaily = match.capturedLength(1) <= 1;
     const QString day = isDaily ? u"1970-01-01"_s : match.captured(1).chopped(1);
     const QString zone = match.capturedLength(3) == 0 ? u"Z"_s : match.captured(3).toUpper();
     const QDateTime time =
@@ -85,7 +101,10 @@ std::optional<TRACK_LIMIT_T> _limit(const QString &text, bool isEnd)
     if (!time.isValid())
         return {};
     const qint64 ms = time.toMSecsSinceEpoch();
-    return TRACK_LIMIT_T{isDaily ? (ms + MS_PER_DAY) % MS_PER_DAY : ms, isDaily};
+    if (!isDaily)
+        return TRACK_LIMIT_T{ms, false};
+    const qint64 timeOfDay = (ms + MS_PER_DAY) % MS_PER_DAY;
+    return TRACK_LIMIT_T{isEnd && timeOfDay == 0 ? MS_PER_DAY : timeOfDay, true};
 }
 } // namespace
 

@@ -278,7 +278,7 @@ void cFixReader::_rmc()
 
     INSTANT_T *const instant =
         _isValid(_field(2)) ? _locate(time, 3, _field(7), _field(8)) : nullptr;
-    if (instant && day)
+    if (instant && day && time != NO_TIME)
         instant->day = day;
     _enterDay(time, day);
 }
@@ -373,8 +373,9 @@ qint64 cFixReader::_count(int time)
 void cFixReader::_close(INSTANT_T &instant)
 {
     FIX_T &fix = instant.fix;
+    const qint64 before = m_lastTime.value_or(0);
     if (instant.time == NO_TIME) {
-        fix.time = m_lastTime.value_or(0);
+        fix.time = before;
         fix.repeat = m_timeless++;
     } else {
         fix.time = _count(instant.time);
@@ -382,7 +383,8 @@ void cFixReader::_close(INSTANT_T &instant)
     }
     if (instant.day) {
         const qint64 offset = *instant.day * MS_PER_DAY + instant.time - fix.time;
-        const bool isOld = instant.time < MAX_OLD_DATE && m_offset == offset + MS_PER_DAY;
+        const bool isOld = m_offset == offset + MS_PER_DAY && instant.time < MAX_OLD_DATE &&
+                           fix.time - before < MAX_OLD_DATE;
         if (instant.located && !isOld) {
             m_offset = offset;
             _settle(offset);
