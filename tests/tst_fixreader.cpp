@@ -34,9 +34,11 @@ QStringList _lines(const QList<FIX_T> &fixes)
         QString line = u"no time"_s;
         if (fix.clock != FIX_CLOCK::NONE)
             line =
-                QDateTime::fromMSecsSinceEpoch(fix.time, Qt::UTC).toString("yyMMdd hh:mm:ss.zzz");
+                QDateTime::fromMSecsSinceEpoch(fix.time, Qt::UTC).toString("yyyyMMdd hh:mm:ss.zzz");
         if (fix.clock == FIX_CLOCK::TIME_OF_DAY)
-            line.replace(0, 6, u"day %1"_s.arg(fix.time / MS_PER_DAY));
+            line.replace(0, 8, u"day %1"_s.arg(fix.time / MS_PER_DAY));
+        if (line.startsWith(u"20"))
+            line.remove(0, 2);
         line += u" %1 %2"_s.arg(fix.lat, 0, 'f', 8).arg(fix.lon, 0, 'f', 8);
         const auto add = [&line](const char *name, double value, double none) {
             if (!std::isnan(value) && value != none)

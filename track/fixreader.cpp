@@ -68,8 +68,10 @@ int _time(QByteArrayView field)
 // Converts a date to days since 1970-01-01. Empty if there is no such date.
 std::optional<qint64> _day(int year, int month, int day)
 {
+    if (year >= 0 && year < 100)
+        year += year < FIRST_YEAR ? 2000 : 1900;
     const QDate date(year, month, day);
-    if (year < 1 || year > MAX_YEAR || !date.isValid())
+    if (year < 0 || year > MAX_YEAR || !date.isValid())
         return {};
     return date.toJulianDay() - JULIAN_DAY_OF_1970;
 }
@@ -271,10 +273,8 @@ void cFixReader::_rmc()
 {
     const int time = _time(_field(1));
     const int digits = _field(9).size() > 6 ? -1 : _number(_field(9));
-    const int year = digits % 100;
-    const std::optional<qint64> day = digits < 0 ? std::nullopt
-                                                 : _day(year + (year < FIRST_YEAR ? 2000 : 1900),
-                                                        digits / 100 % 100, digits / 10000);
+    const std::optional<qint64> day =
+        _day(digits < 0 ? -1 : digits % 100, digits / 100 % 100, digits / 10000);
 
     INSTANT_T *const instant =
         _isValid(_field(2)) ? _locate(time, 3, _field(7), _field(8)) : nullptr;
