@@ -15,9 +15,9 @@
 // ends. Waiting for the end would lose everything that follows. So if a string is still open
 // HDR_STRING_LIMIT bytes after the magic's first byte, the bytes are not a record.
 //
-// Many such magics are not slow to reject, even if all their strings run into the same bytes: the
-// reader searches each byte for zeros and tags only once, and it remembers where the entries of
-// stream tables lead.
+// Rejecting many such magics is fast, even if all their strings run into the same bytes: the reader
+// searches each byte for zeros and tags only once, and it remembers where the entries of stream
+// tables lead.
 class cHdrReader
 {
 public:

@@ -27,6 +27,7 @@ public Q_SLOTS:
     void slot_Data(const HDR_T &d);
 
 Q_SIGNALS:
+    // `what` is HDRTXT_TITLE or the id of a stream. The text is valid only during the call.
     void signal_Data(int what, const QString &s);
 };
 

@@ -16,8 +16,9 @@ struct STRETCH_T {
     qint64 length = 0;
 };
 
-// How the bytes that a parser received were used. Each byte is counted in exactly one of the sums
-// from `scanned` to `buffered`, so they add up to `received`.
+// How the bytes that a parser received were used. The sums from `received` to `buffered` are in
+// bytes. Each byte is counted in exactly one of the sums from `scanned` to `buffered`, so they add
+// up to `received`.
 struct ACCOUNT_T {
     qint64 received = 0;
     qint64 scanned = 0;    // skipped while searching for a record

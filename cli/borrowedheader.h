@@ -28,7 +28,8 @@ public:
         qsizetype heads = 0;
         qsizetype skipped = 0; // bytes of the archive to leave out
     };
-    // Takes the first LOOKAHEAD bytes of the archive, or the whole archive if it is shorter.
+    // Takes the first LOOKAHEAD bytes of the archive, or the whole archive if it is shorter. Call
+    // this only after read() has succeeded.
     LEAD_T lead(const QByteArray &start) const;
 
     static constexpr qsizetype LOOKAHEAD = 1 << 20;

@@ -41,7 +41,7 @@ public:
     int run(const QStringList &arguments);
 
 protected:
-    // usage is the part of the usage line after the command's name.
+    // `usage` is the part of the usage line after the command's name.
     cCommand(QString name, QString usage, QString summary);
 
     virtual void addOptions(QCommandLineParser &parser) = 0;
@@ -53,7 +53,7 @@ protected:
     // instead of process().
     virtual bool joinsArchives() const { return false; }
     // Processes all archives. Appends those that could not be used to `failed`, with their
-    // failures.
+    // failures. Called only if joinsArchives() returns true.
     virtual RESULT_T processAll(cProgress &progress, QList<ARCHIVE_T> &failed) const;
     // Return what is printed before the output of each archive, and after that of the last one.
     virtual QByteArray before(bool isFirst) const;

@@ -26,8 +26,8 @@ inline size_t qHash(const FILEID_T &id, size_t seed = 0)
     return qHashMulti(seed, id.device, id.inode);
 }
 
-// Fills in status for the named file, following links; for "-", for the descriptor
-// standardStream. Returns false and leaves the reason in errno if that fails.
+// Gets the status of the named file, following links, or of the descriptor standardStream if the
+// name is "-". On failure, returns false and sets errno.
 bool fileStatus(const QString &name, int standardStream, struct stat &status);
 
 inline FILEID_T fileId(const struct stat &status)

@@ -17,7 +17,7 @@ public:
 
     // Returns the first characters, at most MAX_LENGTH. Bytes that are not UTF-8 become U+FFFD.
     QString start() const;
-    // Whether start() is not the whole text.
+    // Returns true if start() is not the whole text.
     bool isCut() const;
     // Bytes of the whole text in the archive.
     qsizetype size() const { return m_size; }

@@ -8,12 +8,12 @@
 // reads. A signal that the parent process ignores (nohup) stays ignored.
 void catchInterrupts();
 
-// Whether one of the signals has arrived.
+// Returns true if one of the signals has arrived.
 bool isInterrupted();
 
-// Waits until the descriptor is readable, at its end or in error. Returns false if a signal has
-// arrived. Calling isInterrupted and then reading is not enough: a signal that arrives in between
-// would leave the read waiting forever.
+// Waits until a read from the descriptor would not block. Returns false if a signal has arrived.
+// Calling isInterrupted and then reading is not enough: a signal that arrives in between would
+// leave the read waiting forever.
 bool waitForInput(int fd);
 
 // Ends the process as the remembered signal would have, so that a shell or xargs stops as well.

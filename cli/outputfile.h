@@ -11,10 +11,10 @@ enum EXISTING_T { EXISTING_FAIL, EXISTING_REPLACE, EXISTING_SKIP };
 
 // The sink of a chain: the complete output appears under its name, or nothing does.
 //
-// Bytes go to an unnamed file in the output's folder (or to a hidden file where the file system has
-// no unnamed ones), and commit() names it. If the process ends before that, even if it is
-// killed, an older file of that name is unchanged. Standard output, devices and pipes are written
-// directly.
+// Bytes are written to an unnamed file in the output's folder (or to a hidden one if the file
+// system does not support unnamed files), and commit() names it. If the process ends before that,
+// even if it is killed, an older file of that name is unchanged. Standard output, devices and pipes
+// are written directly.
 //
 // QSaveFile is not used because it always replaces an existing file, and leaves its temporary file
 // if the process is killed.
@@ -40,8 +40,8 @@ public:
     bool flush();
     // Writes everything to the disk; no bytes may follow. Returns false on failure.
     bool finish();
-    // Finishes the output unless that is already done, and names the file. Returns false
-    // on failure; a file of that name is then unchanged.
+    // Finishes the output unless that is already done, and names the file. Returns false on
+    // failure; an existing file of that name is then unchanged.
     bool commit();
 
     // The error message; empty if there was no error.

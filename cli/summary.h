@@ -23,19 +23,19 @@ qint64 uselessBytes(const ACCOUNT_T &account);
 // have four digits.
 QString pointTime(const nmea_data &n);
 
-// "1234 points, 12:01:07 to 13:20:44 UTC, 56 bytes skipped -> a.gpx", where amount is the first
-// part and output the name of the file or "-". The bytes skipped are uselessBytes().
+// Returns "1234 points, 12:01:07 to 13:20:44 UTC, 56 bytes skipped -> a.gpx". `amount` is the first
+// part, and `output` is the name of the file or "-". The bytes skipped are uselessBytes().
 QString trackSummary(const QString &amount, const cTrackStats &stats, const ACCOUNT_T &account,
                      const QString &output);
 
-// "1 fix", "2 fixes".
+// Returns "1 fix" or "2 fixes".
 QString countedFixes(qint64 count);
 
-// "2011-03-23 12:01:07 to 12:12:06 UTC", or "no date".
+// Returns "2011-03-23 12:01:07 to 12:12:06 UTC", or "no date".
 QString timeSpan(const TRACK_SUMMARY_T &track);
 
-// "1302 fixes in 3 segments, 2011-03-23 12:01:07 to 12:12:06 UTC, 9.48 km -> a.gpx" for a track
-// with at least one fix, where output is the name of the file or "-".
+// Returns "1302 fixes in 3 segments, 2011-03-23 12:01:07 to 12:12:06 UTC, 9.48 km -> a.gpx". The
+// track must have at least one fix. `output` is the name of the file or "-".
 QString trackSummary(const TRACK_SUMMARY_T &track, const QString &output);
 
 #endif

@@ -21,8 +21,8 @@ public:
                  bool isJoined = false);
 
     // Opens the output for an archive. With -d, creates the archive's subfolder in that folder. The
-    // extension, with its dot, is used unless -o names the file. Never returns null. If the output
-    // is not open, put it into RESULT_T::files and do no more: cCommand reports the reason.
+    // extension begins with a dot and is not used if -o names the file. Never returns null. If the
+    // output is not open, return it in RESULT_T::files, and cCommand reports the reason.
     std::shared_ptr<cOutputFile> open(const ARCHIVE_T &archive, const QString &extension,
                                       const QSet<FILEID_T> &inputs) const;
 

@@ -38,7 +38,8 @@ public:
     const nmea_data &last() const { return m_last; }
     double south() const { return m_south; }
     double north() const { return m_north; }
-    // In degrees from -180 to 180; west is greater than east if the track crosses 180.
+    // All four are in degrees. West and east are from -180 to 180; west is greater than east if the
+    // track crosses 180.
     double west() const;
     double east() const;
     // The length of the track.

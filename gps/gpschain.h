@@ -20,7 +20,7 @@ public:
     // receiver's raw text. The sink has a slot slot_Data(const QByteArray &) and is not owned.
     cGpsChain(const QString &filter, QObject *sink);
 
-    // Of the blocks, it emits only those of the GPS stream.
+    // Takes the archive. Of its blocks, it emits only those of the GPS stream.
     cVrk3Parser &parser() { return m_parser; }
     const cGpsRaw &raw() const { return m_raw; }
     // The writer's decoder, owned by the chain; null for raw text.

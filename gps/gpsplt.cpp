@@ -28,7 +28,7 @@ cGpsPlt::~cGpsPlt()
     for (const nmea_data &n : std::as_const(m_track)) {
         m_line.begin().number(n.lat, 6, 6).text(",").number(n.lon, 6, 6).text(",0,");
         m_line.number(n.alt * FEET_PER_METRE, 6, 6).text(",");
-        // The date of a fix is local midnight, but the day number is in UTC, so it is off by the
+        // The date of a fix is the instant of local midnight, so the day number is UTC less the
         // zone's offset.
         m_line.number((n.date + n.time) / DAY_SECONDS + DAYS_TO_1970, 7, 6).text(",");
         m_line.text(_dateTime(n)).text("\r\n");

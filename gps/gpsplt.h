@@ -16,7 +16,8 @@ inline constexpr double FEET_PER_METRE = 3.2808399;
 //
 // Text is in the local 8-bit encoding; the month's name is in the system's language. In the title,
 // commas become semicolons and line ends become spaces. Date and time are UTC, but the day number
-// is in local time. A time outside QDateTime's range leaves date and time empty.
+// is less by the local time zone's offset from UTC. A time outside QDateTime's range leaves date
+// and time empty.
 class cGpsPlt : public cTrackWriter
 {
     Q_OBJECT

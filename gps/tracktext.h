@@ -49,8 +49,8 @@ public:
     // least 0 and have no more digits than that.
     cTrackLine &digits(int value, int count);
 
-    // Ends the line and returns it. Valid until the next begin(), which must come before anything
-    // else is appended.
+    // Ends the line and returns it. Valid until the next begin(). Call begin() before you append
+    // anything else.
     const QByteArray &bytes();
 
 private:

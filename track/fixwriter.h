@@ -7,10 +7,10 @@
 #include <QObject>
 #include <QString>
 
-// The base class of the writers that write a cTrack, one for each format.
+// The base class of the writers of a cTrack, one for each format.
 //
-// Numbers have a point in every locale and no superfluous decimals; times are UTC. Memory does not
-// grow with the track.
+// Numbers have a decimal point in every locale and no trailing zeros; times are UTC. Memory does
+// not grow with the track.
 class cFixWriter : public QObject
 {
     Q_OBJECT
