@@ -49,7 +49,7 @@ public:
         }
         if (isFirst)
             m_writer.index(0, 0);
-        if (is("others")) { // large blocks of a camera, and little text
+        if (is("others")) { // large blocks from a camera, and a little text
             for (int i = 0; i < 32; ++i)
                 m_writer.block(2, QByteArray(32000, 'v'));
             m_writer.block(253, m_receiver.second());

@@ -50,10 +50,11 @@ int cCommand::run(const QStringList &arguments)
     const QCommandLineOption help({u"h"_s, u"help"_s}, u"Print this help."_s);
     parser.addOption(help);
     addOptions(parser);
-    parser.addOption({HEADER_FROM,
-                      u"If the header of an archive is missing, use that of GOOD, an archive of the "
-                      "same recorder."_s,
-                      u"GOOD"_s});
+    parser.addOption(
+        {HEADER_FROM,
+         u"If the header of an archive is missing, use that of GOOD, an archive of the "
+         "same recorder."_s,
+         u"GOOD"_s});
     parser.addOption({{u"r"_s, RECURSIVE}, u"Look for archives in subfolders as well."_s});
     parser.addOption({{u"j"_s, JOBS},
                       u"Process N archives at once; 0 means one per processor. The default is 1."_s,
@@ -240,7 +241,7 @@ void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T result)
     }
 }
 
-// Publishes the files of a result under their names: all of them, or none if one is in error.
+// Publishes the files of a result under their names: all of them, or none if one has an error.
 // Returns an error message, empty on success.
 QString cCommand::_commit(const RESULT_T &result)
 {

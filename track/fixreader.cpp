@@ -169,10 +169,10 @@ void cFixReader::_split(QByteArrayView sentence)
 }
 
 // Lets the library read a sentence made of these fields. This class itself reads times, dates and
-// whether a sentence is valid: the library takes a missing time and a leap second for midnight and
-// the year 99 for 2099, and it spends most of its time on them. This class also reads the
-// satellites and the kind of a fix, which the library does not report, and HDOP, which it converts
-// to metres. The altitude is in the same sentence.
+// whether a sentence is valid: the library treats a missing time and a leap second as midnight and
+// the year 99 as 2099, and it spends most of its time on them. This class also reads the satellites
+// and the kind of a fix, which the library does not report, and HDOP, which it converts to metres.
+// The altitude is in the same sentence.
 QGeoPositionInfo cFixReader::_ask(std::initializer_list<QByteArrayView> fields)
 {
     QGeoPositionInfo info;

@@ -47,7 +47,7 @@ cTrackCursor _walk(cTrackCursor at, F &&position)
 }
 } // namespace
 
-// QJsonDocument would hold the whole track in memory, so it writes the title only.
+// QJsonDocument would hold the whole track in memory, so it writes only the title.
 bool cTrackGeoJson::write(const cTrack &track, const QString &title)
 {
     const QByteArray name =
