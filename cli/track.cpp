@@ -63,7 +63,7 @@ const TRACK_FORMAT_T *_findByExtension(const QString &extension)
     return _find(&TRACK_FORMAT_T::extension, extension == ".json"_L1 ? u".geojson"_s : extension);
 }
 
-// Puts the separators into a date or a time after "T" that has none: "20110323T1200".
+// Inserts the missing separators into a date or a time after "T", such as "20110323T1200".
 QString _separated(QString text)
 {
     static const QRegularExpression date(u"^(\\d{4})(\\d\\d)(\\d\\d)(?!\\d)"_s);

@@ -191,7 +191,7 @@ class Program:
     def keys(self, role, name, *keys):
         """Waits until this window has the focus, then presses keys with xdotool's names (X11)."""
         self.find(role, name, states=["ACTIVE"])
-        # The window manager, which has keys of its own, may still believe that another window has it.
+        # The window manager, which has its own keys, may still believe that another window has the focus.
         active = ["xdotool", "getactivewindow", "getwindowname"]
         wait_for(f"{name} to be the active window", lambda: name == subprocess.run(
             active, check=False, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout.decode().strip())
