@@ -1,6 +1,10 @@
 // Speed of the conversion of receiver text to each format, and of its parts. Where Qt has such a
 // function, it is measured for comparison.
-#include "gps/gpschain.h"
+#include "gps/gpsgpx.h"
+#include "gps/gpskml.h"
+#include "gps/gpsplt.h"
+#include "gps/nmea.h"
+#include "gps/tracktext.h"
 #include "sample/receivertext.h"
 
 #include <QDateTime>
@@ -85,7 +89,7 @@ void localTime(benchmark::State &state)
 {
     qint64 second = 1300881667;
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(localTime(++second));
+        benchmark::DoNotOptimize(::localTime(++second));
 }
 
 void localTimeByQt(benchmark::State &state)

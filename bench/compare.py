@@ -59,6 +59,25 @@ def track(name, what, to):
         "30, better 60" if to == "gpx" else "-")
 
 
+def fixes(name, what):
+    """Writes the track of any receiver; gpsbabel reads the plain text, vrk3 an archive with it."""
+    text, archive = make_input("text", 64), make_input("receiver", 64)
+    with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:
+        a, b = pairs(lambda: run(VRK3, "track", "-qy", "-o", f"{folder}/vrk3.gpx", archive),
+                     lambda: run("gpsbabel", "-i", "nmea", "-f", text, "-o", "gpx",
+                                 "-F", f"{folder}/gpsbabel.gpx"))
+    row(name, what, "`gpsbabel`", "CPU", a.cpu, b.cpu, f"{b.cpu / a.cpu:.1f} times faster", "4")
+
+
+def fixes_memory(name, what, to):
+    """Compares the peak memory for a large archive with that for a small one."""
+    with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:
+        large, small = (run(VRK3, "track", "-qy", "-o", f"{folder}/track.{to}",
+                            make_input("receiver", size)).peak for size in (256, 16))
+    print_row(f"`{name}`", what, "16 MiB", "peak memory", f"{large / 1024:.1f} MiB",
+              f"{small / 1024:.1f} MiB", f"{large / small:.2f} times", "at most 1.1")
+
+
 def many(name, what):
     """Converts a thousand archives on two processors and on one. The outputs are in memory."""
     archive = make_input("receiver", 1)
@@ -182,6 +201,9 @@ ROWS = {
     "track-gpx": (track, "64 MiB of receiver text to GPX", "gpx"),
     "track-plt": (track, "64 MiB of receiver text to PLT", "plt"),
     "track-kml": (track, "64 MiB of receiver text to KML", "kml"),
+    "fixes-gpx": (fixes, "`vrk3 track`, 64 MiB of receiver text to GPX"),
+    "fixes-gpx-memory": (fixes_memory, "`vrk3 track`, 256 MiB of receiver text to GPX", "gpx"),
+    "fixes-csv-memory": (fixes_memory, "`vrk3 track`, 256 MiB of receiver text to CSV", "csv"),
     "many": (many, "1,000 archives of 1 MiB to GPX, two at once"),
     "window-gpx": (window, "the window, 64 MiB of receiver text to GPX", "receiver", 64, "gpx"),
     "window-raw": (window, "the window, 1 GiB, most of it other streams", "others", 1024, "raw"),
