@@ -83,8 +83,9 @@ QStringList cReadingCheck::warnings(const NMEA_ACCOUNT_T &account, const QString
     m_reader.finish();
     QStringList warnings;
     const QString track = _trackWarning(account, reader);
+    const bool hasFixes = m_stats.located() > 0 || m_unseen > 0;
     if (!track.isEmpty())
-        warnings.append(track + u"; use vrk3 track"_s);
+        warnings.append(hasFixes ? track + u"; use vrk3 track"_s : track);
     QStringList broken;
     if (format.contains("gpx"_L1) && _breaksXml(u"<![CDATA["_s + hdrText(m_gpxTitle) + u"]]>"_s))
         broken.append(u"GPX"_s);
@@ -115,6 +116,8 @@ QString cReadingCheck::_trackWarning(const NMEA_ACCOUNT_T &account, const QStrin
         return u"%1 %2 in sentences that %3 does not read"_s.arg(
             countedFixes(m_unseen), m_unseen == 1 ? u"is"_s : u"are"_s, reader);
     const qint64 lost = m_stats.points() - located;
+    if (lost > 0 && located == 0)
+        return u"no point has a position"_s;
     if (lost > 0)
         return u"%1 of %2 %3 no position"_s.arg(QString::number(lost),
                                                 counted(m_stats.points(), "point"),

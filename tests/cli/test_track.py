@@ -46,7 +46,8 @@ class Track(Case):
                 "undated": b"".join(sentence(f"GPGLL,1000.{i},N,02000.0,E,12000{i},A") for i in range(8)),
                 "three": sentence(fixes % (0, "456")) + sentence(fixes % (1, "45")) + gprmc(9, 1, 2),
                 "gn": b"".join(sentence("GN" + (fixes % (i, "4"))[2:]) for i in range(3)),
-                "lost": gprmc(1, 10, 20) + gprmc(2, 0, 0), "parked": gprmc(1, 10, 20) + gpgga(2, 10, 20)}.items():
+                "lost": gprmc(1, 10, 20) + gprmc(2, 0, 0), "zero": gprmc(1, 0, 0),
+                "parked": gprmc(1, 10, 20) + gpgga(2, 10, 20)}.items():
             self.write(name + ".vrk3", bytes(5000) if data is None else
                        data if data.startswith(b"\xb5") else archive(data, ""))
         before = self.files()
