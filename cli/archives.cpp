@@ -56,10 +56,11 @@ QList<ARCHIVE_T> findArchives(const QStringList &arguments, bool recursive)
         const qsizetype first = archives.size();
         _appendFolder(QFile::encodeName(argument).toStdString(), {}, recursive, archives);
         if (archives.size() == first)
-            archives.append({argument,
-                             {},
-                             recursive ? u"no .vrk3 files in this folder or its subfolders"_s
-                                       : u"no .vrk3 files in this folder (use -r to search its subfolders)"_s});
+            archives.append(
+                {argument,
+                 {},
+                 recursive ? u"no .vrk3 files in this folder or its subfolders"_s
+                           : u"no .vrk3 files in this folder (use -r to search its subfolders)"_s});
         std::sort(archives.begin() + first, archives.end(),
                   [](const ARCHIVE_T &a, const ARCHIVE_T &b) { return a.name < b.name; });
     }

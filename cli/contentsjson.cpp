@@ -159,7 +159,7 @@ QJsonObject contentsJson(const cContents &contents)
     const QMap<int, cHeaderText> &byTag = contents.texts();
     for (auto it = byTag.cbegin(); it != byTag.cend(); ++it)
         texts[QString::number(it.key())] = it.value().start();
-    const ACCOUNT_T account = contents.account();
+    const ACCOUNT_T &account = contents.account();
     return {{u"file"_s, contents.archive()},
             {u"titles"_s, _texts(contents.titles())},
             {u"texts"_s, texts},

@@ -32,7 +32,7 @@ QString contentsTsv(const cContents &contents)
                                 ? QString::number((*track.last - *track.first) / MS_PER_SECOND)
                                 : QString();
     const cHeaderText title = contents.titles().value(0);
-    const ACCOUNT_T account = contents.account();
+    const ACCOUNT_T &account = contents.account();
     return _line({printable(contents.archive()), printable(title.shown()), time(track.first),
                   time(track.last), seconds, QString::number(track.fixes),
                   QString::number(track.metres / METRES_PER_KILOMETRE, 'f', 3),

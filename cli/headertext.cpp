@@ -18,7 +18,7 @@ cHeaderText::cHeaderText(const QByteArray &string)
 
 QString cHeaderText::start() const
 {
-    const QString text = QString::fromUtf8(m_start);
+    QString text = QString::fromUtf8(m_start);
     if (text.size() <= MAX_LENGTH)
         return text;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);

@@ -65,9 +65,8 @@ QString _suggestion(const commands &all, const QString &word)
     constexpr qsizetype similar = 2; // letters
     const cCommand *best = nullptr;
     for (const cCommand *command : all) {
-        if (command->name().startsWith(word, Qt::CaseInsensitive))
-            best = command;
-        else if (!best && _distance(word.toLower(), command->name()) <= similar)
+        const bool isStart = command->name().startsWith(word, Qt::CaseInsensitive);
+        if (isStart || (!best && _distance(word.toLower(), command->name()) <= similar))
             best = command;
     }
     if (best)

@@ -104,7 +104,7 @@ QString cReadingCheck::_trackWarning(const NMEA_ACCOUNT_T &account, const QStrin
     counts.at(EXPECTED_DECIMALS) = 0;
     const qint64 misread = std::accumulate(counts.begin(), counts.end(), qint64(0));
     if (misread > 0) {
-        const auto most = std::max_element(counts.begin(), counts.end());
+        auto *const most = std::max_element(counts.begin(), counts.end());
         QString decimals = u"other than 4 decimals"_s;
         if (*most == misread && most + 1 != counts.end())
             decimals = counted(most - counts.begin(), "decimal");
