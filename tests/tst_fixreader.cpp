@@ -60,7 +60,7 @@ QStringList _lines(const QList<FIX_T> &fixes)
 QMultiMap<QTime, QGeoCoordinate> _declared(const QByteArray &text)
 {
     QMultiMap<QTime, QGeoCoordinate> places;
-    const QRegularExpression form("\\$(..(RMC|GGA|GLL),[^*$\\r\\n]*)\\*([0-9A-F]{2})");
+    const QRegularExpression form(R"(\$(..(RMC|GGA|GLL),[^*$\r\n]*)\*([0-9A-F]{2}))");
     for (const auto &match : form.globalMatch(QString::fromLatin1(text))) {
         const QByteArray sentence = match.captured(1).toLatin1();
         const QStringList field = match.captured(1).split(u',');

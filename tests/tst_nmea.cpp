@@ -132,7 +132,7 @@ QByteArray _randomSentence(QRandomGenerator &random)
     const QByteArray rmc = "GPRMC," + time + ',' + any({"A", "A", "A", "", "AA"}) + position +
                            field({"10.0", "0.5"}) + ',' + field({"84.4"}) + ',' + date + ",,,A";
     const QByteArray gga = "GPGGA," + time + position + "1,08,0.9," + field({"145.5"}) + ",M,,M";
-    const QByteArray sentence = nmeaSentence(
+    QByteArray sentence = nmeaSentence(
         any({rmc, rmc, rmc, gga, gga, gga, "PGRME,3.1,M,4.2,M,5.3,M", "PGRME,",
              "GPGSV,2,1,08,03,41", "GPGGA,1,2,N,3,E,1,2,3", "GPRMC,,,,,,,,", "GPGGA"}));
     const QByteArray letters = "$*,.-+0159AENMSWDVabxyz\r\n\x80GPRMC";

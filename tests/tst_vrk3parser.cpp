@@ -106,7 +106,8 @@ QByteArrayList _plain(const QByteArray &archive)
             if (pos <= hdrLen)
                 h.streams += s;
         }
-        for (pos = hdrLen; pos < hdrLen + txtLen;) {
+        pos = hdrLen;
+        while (pos < hdrLen + txtLen) {
             const int tag = number(quint8());
             if (tag >= 1 && tag <= 8)
                 h.texts[tag] = string();
@@ -257,19 +258,20 @@ void tst_Vrk3Parser::splitter()
 
 void tst_Vrk3Parser::records()
 {
-    const QByteArrayList sound = {
+    const QByteArray first =
         "HDR 3037050293,68,21 Title| 253,4:gps|GPS|| 1,1:|ext|| 2,2:||| 3,0:none||| 5,16:||| "
-        "253,2:second||| 7,3:||| texts /again|///////eight|",
-        "IDX 3048584453,16909060,84281096 abc",
-        "DATA 253,253,4,192,0,0,0,3 $GP",
-        "DATA 1,1,1,192,3000,4,0,5 whole",
-        "DATA 1,1,1,199,1,3,9,19 0123456789mmmm12345",
-        "DATA 2,2,2,192,0,0,0,12 firstB5\xB5\xB5\x05\xB5 ",
-        "DATA 5,5,16,255,0,0,0,0 ",
-        "HDR 3037050293,20,0 Second| 253,4:||| texts ////////",
-        "IDX 3048584453,3,4 ",
-        "DATA 253,253,4,192,0,0,0,70 " + QByteArray(70, 'x'),
-        "0,0,109,29,52,109,0,0,0,0,0,0"};
+        "253,2:second||| 7,3:||| texts /again|///////eight|";
+    const QByteArrayList sound = {first,
+                                  "IDX 3048584453,16909060,84281096 abc",
+                                  "DATA 253,253,4,192,0,0,0,3 $GP",
+                                  "DATA 1,1,1,192,3000,4,0,5 whole",
+                                  "DATA 1,1,1,199,1,3,9,19 0123456789mmmm12345",
+                                  "DATA 2,2,2,192,0,0,0,12 firstB5\xB5\xB5\x05\xB5 ",
+                                  "DATA 5,5,16,255,0,0,0,0 ",
+                                  "HDR 3037050293,20,0 Second| 253,4:||| texts ////////",
+                                  "IDX 3048584453,3,4 ",
+                                  "DATA 253,253,4,192,0,0,0,70 " + QByteArray(70, 'x'),
+                                  "0,0,109,29,52,109,0,0,0,0,0,0"};
     QCOMPARE(_parse(_soundArchive(), WHOLE), sound);
 
     cArchiveWriter w;

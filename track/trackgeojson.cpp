@@ -81,15 +81,15 @@ void cTrackGeoJson::_feature(cTrackCursor &at)
         Q_EMIT signal_Data(close);
     };
     if (at.fix().clock == FIX_CLOCK::FULL) {
-        Q_EMIT signal_Data(",\"coordTimes\":[");
+        Q_EMIT signal_Data(R"(,"coordTimes":[)");
         list([](const FIX_T &fix) { return '"' + timeText(fix.time) + '"'; });
         Q_EMIT signal_Data("]");
     }
-    Q_EMIT signal_Data("},\"geometry\":{\"type\":\"" +
+    Q_EMIT signal_Data(R"(},"geometry":{"type":")" +
                        QByteArray(positions == 1 ? "Point"
                                   : lines == 1   ? "LineString"
                                                  : "MultiLineString") +
-                       "\",\"coordinates\":" + (positions == 1 ? "" : "["));
+                       R"(","coordinates":)" + (positions == 1 ? "" : "["));
     list([](const FIX_T &fix) {
         return '[' + degrees(fix.lon) + ',' + degrees(fix.lat) +
                (std::isnan(fix.altitude) ? QByteArray() : ',' + number(fix.altitude)) + ']';
