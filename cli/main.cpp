@@ -24,9 +24,10 @@ using commands = QList<cCommand *>;
 
 void _showHelp(const commands &all)
 {
-    std::puts("Usage: vrk3 COMMAND [options] ARCHIVE...\n\n"
-              "Reports what VRK3 archives contain and writes their GPS tracks.\n\n"
-              "Commands:");
+    std::puts(
+        "Usage: vrk3 COMMAND [options] ARCHIVE...\n\n"
+        "Reports what VRK3 archives contain, and writes their GPS tracks and other streams.\n\n"
+        "Commands:");
     for (const cCommand *command : all)
         std::printf("  %-9s%s\n", qPrintable(command->name()), qPrintable(command->summary()));
     std::puts("  help     Print this help, or that of a command.\n\n"

@@ -4,8 +4,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// Whether the bytes begin with a start code of Annex B and a sequence parameter set or an access
-// unit delimiter. Every H.264 stream begins like this.
+// Returns true if the bytes begin with a start code of Annex B and a sequence parameter set or an
+// access unit delimiter. Every H.264 stream begins like this.
 bool _isH264(const QByteArray &start)
 {
     constexpr int typeMask = 0x9F; // with the bit that is always 0
@@ -20,7 +20,7 @@ bool _isH264(const QByteArray &start)
     return type == parameterSet || type == delimiter;
 }
 
-// Whether three packets of an MPEG transport stream follow each other.
+// Returns true if the bytes begin with three packets of an MPEG transport stream.
 bool _isTransportStream(const QByteArray &start)
 {
     constexpr qsizetype packet = 188;

@@ -108,7 +108,7 @@ QString cStreamFiles::finish()
     return {};
 }
 
-// The streams of the headers, for people.
+// Lists the streams of the headers for a message.
 QString cStreamFiles::_streams() const
 {
     constexpr qsizetype maxListed = 32;

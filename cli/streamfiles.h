@@ -11,7 +11,7 @@
 #include <functional>
 #include <memory>
 
-// The streams to extract: those with this id and type, where -1 stands for any.
+// The streams to extract: those with this id and type; -1 means any.
 struct STREAM_CHOICE_T {
     int id = -1;
     int type = -1;
@@ -33,14 +33,14 @@ public:
                  const cFeed &feed, const cVrk3Parser &parser);
 
     // True if the rest of the archive need not be read: a file could not be written, or the only
-    // one exists and must be left alone.
+    // one exists and is skipped.
     bool isDone() const;
     // Writes all data to the disk, with an empty file for each chosen stream without a block.
     // Returns an error message if the archive has no such stream; errors of files are in files().
     QString finish();
 
-    // The files, the index last; check each for errors. If the only stream's file exists and must
-    // be left alone, the index is not among them.
+    // The files, the index last; check each for errors. If the only stream's file exists and is
+    // skipped, the index is not among them.
     QList<std::shared_ptr<cOutputFile>> files() const;
     // What the files contain.
     qsizetype count() const { return m_files.size(); } // streams

@@ -1,4 +1,4 @@
-"""vrk3 extract, and what is saved from archives without a header."""
+"""vrk3 extract, and what is recovered from archives without a header."""
 import csv
 import json
 import os
@@ -55,7 +55,7 @@ class Extract(Case):
             "0.jpg", "1.png", "2.wav", "3.h264", "4.mpg", "5.bin", "6.bin"))]))
 
     def test_header_from(self):
-        """The rest of an archive loses no sentence that is whole in it, and offsets are its own."""
+        """The rest of an archive loses no sentence that is whole in it, and offsets are those in the rest."""
         with open(SAMPLE, "rb") as file:
             data = file.read()
         text = self.vrk3("convert", "-qt", "raw", "-o", "-", SAMPLE)[1]
