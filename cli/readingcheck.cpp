@@ -20,14 +20,19 @@ constexpr int MAX_PAUSE = 10; // seconds
 // for a GPRMC, so the first fixes are often missing, which is not worth a warning.
 constexpr qint64 MIN_PART = 100;
 
-// Returns true if an element with this content is not well-formed or contains other elements.
-bool _breaksXml(const QString &content)
+// Returns true if an element with this title, between open and close, is not a plain text. Markup in
+// the title begins with mark. It is searched for because Qt's time to read an element grows with
+// the square of the number of its attributes.
+bool _breaksXml(const QByteArray &title, const QString &mark, const QString &open,
+                const QString &close)
 {
-    QXmlStreamReader xml(u"<name>"_s + content + u"</name>"_s);
-    int elements = 0;
+    const QString text = hdrText(title);
+    if (text.contains(mark))
+        return true;
+    QXmlStreamReader xml(u"<name>"_s + open + text + close + u"</name>"_s);
     while (!xml.atEnd())
-        elements += xml.readNext() == QXmlStreamReader::StartElement;
-    return xml.hasError() || elements != 1;
+        xml.readNext();
+    return xml.hasError();
 }
 } // namespace
 
@@ -87,9 +92,9 @@ QStringList cReadingCheck::warnings(const NMEA_ACCOUNT_T &account, const QString
     if (!track.isEmpty())
         warnings.append(hasFixes ? track + u"; use vrk3 track"_s : track);
     QStringList broken;
-    if (format.contains("gpx"_L1) && _breaksXml(u"<![CDATA["_s + hdrText(m_gpxTitle) + u"]]>"_s))
+    if (format.contains("gpx"_L1) && _breaksXml(m_gpxTitle, u"]]>"_s, u"<![CDATA["_s, u"]]>"_s))
         broken.append(u"GPX"_s);
-    if (format.contains("kml"_L1) && _breaksXml(hdrText(m_kmlTitle)))
+    if (format.contains("kml"_L1) && _breaksXml(m_kmlTitle, u"<"_s, {}, {}))
         broken.append(u"KML"_s);
     if (!broken.isEmpty())
         warnings.append(
