@@ -86,7 +86,7 @@ private:
     QList<ARCHIVE_T> m_archives;
     QSet<FILEID_T> m_inputs;
 
-    QSet<FILEID_T> m_outputs;              // files written or skipped in this run
+    QSet<FILEID_T> m_outputs;              // files that this run must not replace
     std::unique_ptr<cOutputFile> m_output; // standard output; null until the first byte
     bool m_isFirst = true;
     int m_status = EXIT_DONE;
