@@ -1,5 +1,9 @@
 #include "track/fixstore.h"
 
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr qint64 FIX_SIZE = sizeof(FIX_T);
@@ -12,8 +16,10 @@ void cFixStore::append(const QList<FIX_T> &fixes)
     if (!m_file.isOpen() && m_size + fixes.size() <= KEPT_IN_MEMORY) {
         m_fixes += fixes;
     } else {
-        if (!m_file.isOpen() && !m_file.open())
-            m_error = m_file.errorString();
+        // Without a buffer, whose errors come late and without a reason.
+        if (!m_file.isOpen() &&
+            !static_cast<QIODevice &>(m_file).open(QIODevice::ReadWrite | QIODevice::Unbuffered))
+            _fail();
         _write(std::exchange(m_fixes, {}));
         _write(fixes);
     }
@@ -22,10 +28,21 @@ void cFixStore::append(const QList<FIX_T> &fixes)
 
 void cFixStore::_write(const QList<FIX_T> &fixes)
 {
-    const qint64 bytes = fixes.size() * FIX_SIZE;
-    const auto *const data = reinterpret_cast<const char *>(fixes.constData());
-    if (m_error.isEmpty() && m_file.write(data, bytes) != bytes)
-        m_error = m_file.errorString();
+    const auto *data = reinterpret_cast<const char *>(fixes.constData());
+    // On a full disk, the first write may be a short one. Only the next one returns the reason.
+    for (qint64 left = fixes.size() * FIX_SIZE; left > 0 && m_error.isEmpty();) {
+        const qint64 n = m_file.write(data, left);
+        if (n <= 0)
+            _fail();
+        data += n;
+        left -= n;
+    }
+}
+
+void cFixStore::_fail()
+{
+    if (m_error.isEmpty())
+        m_error = u"the temporary file in %1: %2"_s.arg(QDir::tempPath(), m_file.errorString());
 }
 
 QList<FIX_T> cFixStore::read(qint64 index, qsizetype n)
@@ -36,8 +53,7 @@ QList<FIX_T> cFixStore::read(qint64 index, qsizetype n)
     const qint64 bytes = n * FIX_SIZE;
     if (!m_error.isEmpty() || !m_file.seek(index * FIX_SIZE) ||
         m_file.read(reinterpret_cast<char *>(fixes.data()), bytes) != bytes) {
-        if (m_error.isEmpty())
-            m_error = m_file.errorString();
+        _fail();
         return {};
     }
     return fixes;

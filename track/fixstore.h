@@ -27,6 +27,7 @@ private:
     static constexpr qint64 KEPT_IN_MEMORY = 1 << 16;
 
     void _write(const QList<FIX_T> &fixes);
+    void _fail();
 
     QList<FIX_T> m_fixes; // unless they are in the file
     QTemporaryFile m_file;
