@@ -122,6 +122,7 @@ int main(int argc, char *argv[])
     setSignals();
     raiseFileLimit();
     catchInterrupts();
+    setTimeZone();
 
     // Under a locale that is not UTF-8, Qt switches to UTF-8 and warns at every start. Scripts and
     // cron jobs often have such locales, and standard error is for one line per file.

@@ -61,6 +61,12 @@ void raiseFileLimit()
     }
 }
 
+void setTimeZone()
+{
+    if (!qEnvironmentVariableIsSet("TZ"))
+        qputenv("TZ", ":/etc/localtime");
+}
+
 QStringList decodeArguments(int argc, char **argv)
 {
     QStringList arguments;

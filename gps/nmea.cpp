@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QtEndian>
 
+#include <algorithm>
 #include <charconv>
 #include <clocale>
 #include <cstring>
@@ -317,12 +318,27 @@ double cNmea::_getDate(QByteArrayView field)
     const QByteArrayView last(m_dateField);
     if (last.size() != dayAndMonth.size() + year.size() || !last.startsWith(dayAndMonth) ||
         !last.endsWith(year)) {
-        const QString text = QString::fromLatin1(dayAndMonth) + u"20"_s + QString::fromLatin1(year);
-        const QDateTime midnight = QDateTime::fromString(text, u"ddMMyyyy"_s);
-        m_date = midnight.isValid() ? double(midnight.toSecsSinceEpoch()) : UNREADABLE_DATE;
         m_dateField = dayAndMonth.toByteArray() + year.toByteArray();
+        m_date = _midnight(m_dateField);
     }
     return m_date;
+}
+
+// Converts a different date. Qt takes microseconds for one, or for finding that it is none.
+double cNmea::_midnight(const QByteArray &date)
+{
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    const int number = date.toInt();
+    if (date.size() != 6 || !std::all_of(date.begin(), date.end(), isDigit) ||
+        !QDate::isValid(2000 + number % 100, number / 100 % 100, number / 10000))
+        return UNREADABLE_DATE;
+    const auto known = m_dates.constFind(number);
+    if (known != m_dates.cend())
+        return *known;
+    const QString text = QString::fromLatin1(date).insert(4, u"20"_s);
+    const QDateTime midnight = QDateTime::fromString(text, u"ddMMyyyy"_s);
+    return *m_dates.insert(number, midnight.isValid() ? double(midnight.toSecsSinceEpoch())
+                                                      : UNREADABLE_DATE);
 }
 
 // Converts hhmmss.sss to seconds.

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QHash>
 #include <QObject>
 #include <QVarLengthArray>
 
@@ -90,6 +91,7 @@ private:
     static double _getDouble(QByteArrayView field);
     static double _getDegreese(QByteArrayView field);
     double _getDate(QByteArrayView field);
+    double _midnight(const QByteArray &date);
     static double _getTime(QByteArrayView field);
 
     // The unfinished sentence, starting after its dollar sign, without CR and LF.
@@ -100,9 +102,11 @@ private:
     std::array<QByteArrayView, FIELDS_READ> m_fields;
     nmea_data m_fix;
     NMEA_ACCOUNT_T m_account;
-    // The digits of the last date field and its value: only a different date is converted.
+    // The digits of the last date field and its value.
     QByteArray m_dateField;
     double m_date = 0;
+    // The dates so far, as ddmmyy, and their values: each is converted only once.
+    QHash<int, double> m_dates;
 };
 
 #endif
