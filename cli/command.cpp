@@ -4,17 +4,21 @@
 #include "cli/messages.h"
 
 #include <QCoreApplication>
+#include <QScopeGuard>
 #include <QThread>
-#include <QThreadPool>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <future>
 #include <new>
 #include <optional>
-#include <queue>
+#include <semaphore>
+#include <system_error>
+#include <thread>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -161,31 +165,46 @@ void cCommand::_runOne(qsizetype index, cProgress &progress)
     _conclude(archive, std::move(result));
 }
 
-// Processes the archives in a pool of threads, and concludes them on this thread in their order.
+// Processes the archives on several threads, and concludes them on this thread in their order.
 void cCommand::_runParallel(cProgress &progress)
 {
-    QThreadPool pool;
-    pool.setMaxThreadCount(m_jobs);
-    std::queue<std::future<RESULT_T>> results;
-    qsizetype started = 0;
-    for (qsizetype i = 0; i < m_archives.size() && !isInterrupted(); ++i) {
-        for (; started < m_archives.size() && started - i < m_jobs + MAX_WAITING; ++started) {
-            const auto task = std::make_shared<std::packaged_task<RESULT_T()>>(
-                [this, &archive = m_archives.at(started)] {
-                    cProgress none(1, false);
-                    return _process(archive, none);
-                });
-            results.push(task->get_future());
-            pool.start([task] { (*task)(); });
+    const qsizetype count = m_archives.size();
+    std::vector<std::promise<RESULT_T>> results{size_t(count)};
+    std::atomic<qsizetype> next = 0;
+    std::counting_semaphore<> room(m_jobs + MAX_WAITING);
+    const auto work = [&] {
+        for (;;) {
+            room.acquire();
+            const qsizetype i = next++;
+            if (i >= count)
+                return;
+            cProgress none(1, false);
+            results[size_t(i)].set_value(_process(m_archives.at(i), none));
+        }
+    };
+    std::vector<std::jthread> threads;
+    const auto stop = qScopeGuard([&] {
+        next = count;
+        room.release(m_jobs);
+    });
+    // QThreadPool would wait forever for a thread that cannot be created.
+    try {
+        while (threads.size() < size_t(qMin<qsizetype>(m_jobs, count)))
+            threads.emplace_back(work);
+    } catch (const std::system_error &) {
+        // Without memory for all of them, fewer do the work.
+    }
+    for (qsizetype i = 0; i < count && !isInterrupted(); ++i) {
+        if (threads.empty()) {
+            _runOne(i, progress);
+            continue;
         }
         progress.begin(i + 1, m_archives.at(i).name);
-        RESULT_T result = results.front().get();
-        results.pop();
+        RESULT_T result = results[size_t(i)].get_future().get();
         progress.clear();
         _conclude(m_archives.at(i), std::move(result));
+        room.release();
     }
-    // Tasks are left only after an interrupt. Those that are running end soon by themselves.
-    pool.clear();
 }
 
 void cCommand::_runJoined(cProgress &progress)
