@@ -53,7 +53,7 @@ class Attacks(Case):
         before, b = self.files(), "b.vrk3: 2 points, 01:00:00 to 01:01:01 UTC, 0 bytes skipped -> "
         for script, expected in (
                 ("info - <&-", "vrk3: standard input: Bad file descriptor\n1\n"),
-                ("convert -o - b.vrk3 2>&1 >&-", "vrk3: b.vrk3: cannot write standard output: Bad file descriptor\n1\n"),
+                ("convert -o- b.vrk3 2>&1 >&-", "vrk3: b.vrk3: cannot write standard output: Bad file descriptor\n1\n"),
                 ("-f 8; convert a.vrk3 b.vrk3", f"vrk3: a.vrk3: cannot write a.gpx: File too large\n{b}b.gpx\n1\n"),
                 ("-f 8; track a.vrk3", "vrk3: a.vrk3: the temporary file in /tmp: File too large\n1\n"),
                 ("-v 80000; convert endless.vrk3", "vrk3: endless.vrk3: out of memory\n1\n"),
