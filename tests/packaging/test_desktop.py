@@ -7,8 +7,8 @@ import unittest
 
 import support
 
-SPY = '#!/bin/sh\nprintf "%s|" "${0##*/}" "$@" >&3\n'
-NOTE = "notify-send|--app-name=VrkTrk|--icon=vrktrk|--|%s|%s|"
+SPY = b'#!/bin/sh\nprintf "%s|" "${0##*/}" "$@" >&3\n'
+NOTE = "notify-send|--app-name=VrkTrk|--icon=vrktrk|--|"
 ARCHIVES = {"good": (support.GOOD, ""), "a <b> & c": (b"no archive", "Dies ist kein VRK3-Archiv."),
             "-x": (support.archive(b"$", stream=7), "Dieses Archiv enthält keine GPS-Daten."),
             "it's": (support.archive(b"$"), "Die GPS-Daten in diesem Archiv enthalten keine Position.")}
@@ -17,11 +17,11 @@ ARCHIVES = {"good": (support.GOOD, ""), "a <b> & c": (b"no archive", "Dies ist k
 class DesktopTest(support.Case):
     def setUp(self):
         super().setUp()
-        subprocess.run(["cmake", "--install", os.environ["VRKTRK_BUILD"], "--prefix", self.folder],
-                       check=True, stdout=subprocess.DEVNULL)
-        for spy in "lib/vrktrk/VrkTrk", "bin/notify-send", "bin/xdg-open":
-            self.write(spy, SPY.encode())
-            self.path(spy).chmod(0o755)
+        subprocess.check_output(["cmake", "--install", os.environ["VRKTRK_BUILD"], "--prefix", self.folder])
+        for name, script in ("lib/vrktrk/VrkTrk", SPY), ("bin/notify-send", SPY), ("bin/xdg-open", SPY), (
+                "bin/timeout", b'#!/bin/sh\nshift\n"$@"\n'):  # never, however busy the machine is
+            self.write(name, script)
+            self.path(name).chmod(0o755)
         for name, (content, _) in ARCHIVES.items():
             self.write(f"d ä/{name}.vrk3", content)
 
@@ -34,23 +34,23 @@ class DesktopTest(support.Case):
 
     def test_launcher_warns_and_opens_the_window(self):
         for name, (_, problem) in ARCHIVES.items():
-            window, note = f"VrkTrk|./{name}.vrk3|", NOTE % (f"{name}.vrk3", problem) if problem else ""
+            window, note = f"VrkTrk|./{name}.vrk3|", f"{NOTE}{name}.vrk3|{problem}|" if problem else ""
             self.assertIn(self.calls("bin/vrktrk", name), (window + note, note + window))
+        self.path("bin/timeout").unlink()
         self.write("bin/vrk3", b"#!/bin/sh\nexec sleep 1000\n")  # as with a long archive
         self.assertEqual(self.calls("bin/vrktrk", "good"), "VrkTrk|./good.vrk3|")
 
     def test_actions_and_thumbnails(self):
         picture = self.calls("lib/vrktrk/show-track", "good").split("|")[1]
         self.assertEqual(self.read(picture), self.vrk3("plot", "-qo-", "d ä/good.vrk3")[1])
-        self.assertEqual(self.calls("lib/vrktrk/show-track", "a <b> & c"), NOTE % (
-            "Der Track kann nicht angezeigt werden",
-            "a &lt;b&gt; &amp; c.vrk3: not a VRK3 archive, or its header is missing (see --header-from)"))
+        self.assertIn(f"{NOTE}Der Track kann nicht angezeigt werden|a &lt;b&gt; &amp; c.vrk3: not",
+                      self.calls("lib/vrktrk/show-track", "a <b> & c"))
         for summary in "Track gespeichert", "Ein Track konnte nicht gespeichert werden":  # the second exists
-            self.assertIn(NOTE.split("%s")[0] + f"{summary}|good.vrk3: ", self.calls("lib/vrktrk/write-track", "good"))
+            self.assertIn(f"{NOTE}{summary}|good.vrk3: ", self.calls("lib/vrktrk/write-track", "good"))
         self.assertIn(b"<trkpt", self.read("d ä/good.gpx"))
         for name in ARCHIVES:
             self.calls("lib/vrktrk/draw-thumbnail", name, self.path(f"{name}.png"), "128")
-        self.assertEqual([name for name in self.files() if name.endswith(".png") and "/" not in name], ["good.png"])
+        self.assertEqual([name for name in self.files() if name.count("/") == 0], ["good.png"])
         self.assertEqual(max(struct.unpack(">II", self.read("good.png")[16:24])), 128)
 
 
