@@ -20,7 +20,7 @@ constexpr int MAX_PAUSE = 10; // seconds
 // for a GPRMC, so the first fixes are often missing, which is not worth a warning.
 constexpr qint64 MIN_PART = 100;
 
-// Returns true if an element with this title, between open and close, is not a plain text. Markup
+// Returns true if an element with this title, between open and close, is not plain text. Markup
 // in the title begins with mark. It is searched for because Qt's time to read an element grows with
 // the square of the number of its attributes.
 bool _breaksXml(const QByteArray &title, const QString &mark, const QString &open,
