@@ -7,6 +7,18 @@ namespace
 // The entries of one table are less than this many bytes apart.
 constexpr qint64 TABLE_SIZE = 1 << 16;
 
+// Returns the index in the bytes of data of an offset that is among them or at their end.
+qsizetype _index(const cDataSplitter &data, qint64 offset)
+{
+    return static_cast<qsizetype>(offset - data.offset());
+}
+
+// Returns where the list of entries that lead to later ones keeps this entry.
+qsizetype _slot(qint64 entry)
+{
+    return static_cast<qsizetype>(entry % TABLE_SIZE);
+}
+
 bool _isTag(int byte)
 {
     return byte >= 1 && byte <= TAG_MAX;
@@ -74,7 +86,7 @@ void cHdrReader::_findLastZeros(const cDataSplitter &data)
     }
     const qsizetype end = qMin<qsizetype>(HDR_STRING_LIMIT, data.size());
     const QByteArrayView bytes = data.bytes().first(end);
-    for (qsizetype i = m_zerosTo - front; (i = bytes.indexOf('\0', i)) >= 0; ++i)
+    for (qsizetype i = _index(data, m_zerosTo); (i = bytes.indexOf('\0', i)) >= 0; ++i)
         m_zeros = {m_zeros[1], m_zeros[2], front + i};
     m_zerosTo = qMax(m_zerosTo, front + end);
 }
@@ -90,9 +102,9 @@ bool cHdrReader::_isOpen(const cDataSplitter &data, const HDR_T &hdr, qsizetype 
     const qint64 run = m_zeros.back() + 1; // the bytes from here on are not zero
     if (run <= front + HDR_TITLE_OFFSET) {
         // The title is open, and so are all titles that begin later and reach the limit.
-        const qsizetype zero = data.bytes().indexOf('\0', m_zerosTo - front);
+        const qsizetype zero = data.bytes().indexOf('\0', _index(data, m_zerosTo));
         m_zerosTo = front + (zero < 0 ? data.size() : zero);
-        size = qMax<qsizetype>(1, m_zerosTo - front - HDR_STRING_LIMIT + 1);
+        size = qMax<qsizetype>(1, _index(data, m_zerosTo) - HDR_STRING_LIMIT + 1);
         return true;
     }
     // The table ends with a zero byte at or after its last byte.
@@ -101,7 +113,7 @@ bool cHdrReader::_isOpen(const cDataSplitter &data, const HDR_T &hdr, qsizetype 
     // After any zero byte, the tag texts continue with a tag or a filler. So the first tag in the
     // run begins a string that is open.
     m_tag = qMax(m_tag, run);
-    while (m_tag < end && !_isTag(data.bytes()[m_tag - front]))
+    while (m_tag < end && !_isTag(data.bytes()[_index(data, m_tag)]))
         ++m_tag;
     return m_tag < end || _isTableOpen(data, tableEnd);
 }
@@ -111,7 +123,7 @@ bool cHdrReader::_isTableOpen(const cDataSplitter &data, qint64 tableEnd)
 {
     const qint64 front = data.offset();
     const auto afterZero = [&](qint64 pos) {
-        return front + data.bytes().indexOf('\0', pos - front) + 1;
+        return front + data.bytes().indexOf('\0', _index(data, pos)) + 1;
     };
     // An entry is open if fewer than three zero bytes follow its first two bytes.
     const qint64 open = m_zeros.front() - 1;
@@ -123,12 +135,12 @@ bool cHdrReader::_isTableOpen(const cDataSplitter &data, qint64 tableEnd)
     qint64 entry = afterZero(front + HDR_TITLE_OFFSET);
     while (entry < open && entry < tableEnd) {
         m_path.append(entry);
-        const qint64 leadsTo = m_leadsTo.at(entry % TABLE_SIZE);
+        const qint64 leadsTo = m_leadsTo.at(_slot(entry));
         entry = leadsTo > entry ? leadsTo : afterZero(afterZero(afterZero(entry + 2)));
     }
     if (entry >= tableEnd)
         return false;
     for (const qint64 passed : std::as_const(m_path))
-        m_leadsTo[passed % TABLE_SIZE] = entry;
+        m_leadsTo[_slot(passed)] = entry;
     return true;
 }

@@ -135,11 +135,11 @@ private Q_SLOTS:
         for (const auto &[stored, code] : codes) {
             ini.WriteString("c", stored);
             QCOMPARE(ini.GetFourCC("s", "c", 1), code);
-            ini.WriteFourCC("s", "c", 0x1234567800000000UL | code);
+            ini.WriteFourCC("s", "c", static_cast<unsigned long>(0x1234567800000000ULL | code));
             QCOMPARE(ini.GetFourCC("s", "c", 1), code);
             QCOMPARE(ini.GetString("c", "").size(), 4U);
         }
-        QCOMPARE(ini.GetFourCC("s", "missing", 0xAB00000001UL), 1UL);
+        QCOMPARE(ini.GetFourCC("s", "missing", static_cast<unsigned long>(0xAB00000001ULL)), 1UL);
     }
 
     // A file is written when its object releases it, here by SetFile.

@@ -48,7 +48,7 @@ void cFixStore::_fail()
 QList<FIX_T> cFixStore::read(qint64 index, qsizetype n)
 {
     if (!m_file.isOpen())
-        return m_fixes.mid(index, n);
+        return m_fixes.mid(static_cast<qsizetype>(index), n);
     QList<FIX_T> fixes(n);
     const qint64 bytes = n * FIX_SIZE;
     if (!m_error.isEmpty() || !m_file.seek(index * FIX_SIZE) ||

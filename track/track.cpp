@@ -129,7 +129,8 @@ bool cTrackCursor::_isLater(const HEAD_T &a, const HEAD_T &b)
 // Reads more fixes of a run. Returns false if there are none.
 bool cTrackCursor::_refill(HEAD_T &head) const
 {
-    const qint64 n = qMin<qint64>(READ_AHEAD, head.rest.end - head.rest.begin);
+    const auto n =
+        static_cast<qsizetype>(qMin<qint64>(READ_AHEAD, head.rest.end - head.rest.begin));
     head.fixes = m_track->m_store.read(head.rest.begin, n);
     head.position = 0;
     head.rest.begin += n;
