@@ -17,6 +17,18 @@ notify() {
     notify-send --app-name=VrkTrk --icon=vrktrk -- "$1" "$body" >/dev/null 2>&1 &
 }
 
+# keep_default: makes the window the default for archives unless the user has chosen a default. Some file
+# managers, such as Thunar, otherwise make the program that was used last the default, and then a double
+# click repeats the action.
+keep_default() {
+    if awk '/^\[/ { section = $0 }
+            /^application\/x-vrk3=/ && section == "[Default Applications]" { chosen = 1 }
+            /^application\/x-vrk3=vrktrk\.[a-z]+-track\./ { used = 1 }
+            END { exit chosen || !used }' "${XDG_CONFIG_HOME:-$HOME/.config}/mimeapps.list" 2>/dev/null; then
+        xdg-mime default vrktrk.desktop application/x-vrk3
+    fi
+}
+
 # choose_archive: asks for an archive and prints its name; prints nothing on Cancel.
 choose_archive() {
     if command -v kdialog >/dev/null; then

@@ -19,6 +19,7 @@ class DesktopTest(support.Case):
         super().setUp()
         subprocess.check_output(["cmake", "--install", os.environ["VRKTRK_BUILD"], "--prefix", self.folder])
         for name, script in ("lib/vrktrk/VrkTrk", SPY), ("bin/notify-send", SPY), ("bin/xdg-open", SPY), (
+                "bin/xdg-mime", SPY), (
                 "bin/timeout", b'#!/bin/sh\nshift\n"$@"\n'):  # never, however busy the machine is
             self.write(name, script)
             self.path(name).chmod(0o755)
@@ -28,7 +29,7 @@ class DesktopTest(support.Case):
     def calls(self, script, name, *arguments):
         """Returns what a script calls, also in the background."""
         command = ["sh", "-c", 'exec "$@" 3>&1 >&2', "sh", self.path(script), self.path(f"d ä/{name}.vrk3")]
-        environment = dict(os.environ, LC_ALL="de_DE.UTF-8", TMPDIR=self.folder,
+        environment = dict(os.environ, LC_ALL="de_DE.UTF-8", TMPDIR=self.folder, XDG_CONFIG_HOME=self.folder,
                            PATH=f"{self.folder}/bin:{os.environ['PATH']}")
         return subprocess.run([*command, *arguments], stdout=subprocess.PIPE, env=environment, text=True).stdout
 
@@ -48,9 +49,16 @@ class DesktopTest(support.Case):
         for summary in "Track gespeichert", "Ein Track konnte nicht gespeichert werden":  # the second exists
             self.assertIn(f"{NOTE}{summary}|good.vrk3: ", self.calls("lib/vrktrk/write-track", "good"))
         self.assertIn(b"<trkpt", self.read("d ä/good.gpx"))
+        self.write("bin/xdg-open", b"#!/bin/sh\nexit 3\n")
+        for choice in "", "[Default Applications]\napplication/x-vrk3=other.desktop\n":
+            last = "[Added Associations]\napplication/x-vrk3=vrktrk.show-track.desktop;\n"
+            self.write("mimeapps.list", (choice + last).encode())
+            calls = self.calls("lib/vrktrk/show-track", "good")
+            self.assertIn(f"{NOTE}Der Track kann nicht angezeigt werden|", calls)
+            self.assertEqual("xdg-mime|default|vrktrk.desktop|application/x-vrk3|" in calls, not choice)
         for name in ARCHIVES:
             self.calls("lib/vrktrk/draw-thumbnail", name, self.path(f"{name}.png"), "128")
-        self.assertEqual([name for name in self.files() if name.count("/") == 0], ["good.png"])
+        self.assertEqual([name for name in self.files() if name.endswith(".png") and "/" not in name], ["good.png"])
         self.assertEqual(max(struct.unpack(">II", self.read("good.png")[16:24])), 128)
 
 
