@@ -81,6 +81,9 @@ class Desktop:
             up = pathlib.Path(self.runtime.name, "openbox")
             self._serve("openbox", "--sm-disable", "--startup", f"touch {up}")
             wait_for("the window manager", up.exists)
+            # The first key changes the keyboard mapping, after which the window manager sets up its keys
+            # again. A key in the meantime would be lost.
+            subprocess.run(["xdotool", "key", "Shift_L"], check=True)
         # Imported only now, because the library looks for its bus while it is loaded.
         import gi
         gi.require_version("Atspi", "2.0")

@@ -144,35 +144,42 @@ class WindowTest(desktop.Case):
                 self.assertEqual((self.folder / f"{name}.txt").read_bytes(), expected)
 
     def test_frame_moves_resizes_and_closes(self):
+        search = ["xdotool", "search", "--onlyvisible", "--name", "^VrkTrk$"]
         with self.start("a.vrk3") as program:
             def frame():
                 box = program.find("filler", "VrkTrk").get_extents(0)
                 return box.x, box.y, box.width, box.height
 
-            def drag(x, y, *steps):
-                moves = [part for by_x, by_y in steps for part in
-                         ("mousemove_relative", "--", str(by_x), str(by_y), "sleep", "0.1")]
-                subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep",
-                                "0.1", *moves, "mouseup", "1"], check=True)
-
             def comes_to(*box):
                 desktop.wait_for(lambda: f"{box}, not {frame()}", lambda: frame() == box)
 
+            def drag(x, y, *box):
+                """Moves the mouse until the frame is there. The first steps may only start the drag."""
+                def step():
+                    # During a drag, the window manager does not report the position to the program.
+                    shown = subprocess.check_output([*search, "getwindowgeometry", "--shell"]).decode()
+                    now = [int(line.split("=")[1]) for line in shown.split("\n")[1:5]]
+                    left, top, width, height = (wanted - have for wanted, have in zip(box, now))
+                    way = str(left or width), str(top or height)
+                    subprocess.run(["xdotool", "mousemove_relative", "--", *way, "sleep", "0.1"], check=True)
+                    return way == ("0", "0")
+
+                subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1"], check=True)
+                desktop.wait_for(lambda: f"{box}, not {frame()}", step)
+                subprocess.run(["xdotool", "mouseup", "1"], check=True)
+                comes_to(*box)
+
             program.find("filler", "VrkTrk", states=["ACTIVE"])  # It is mapped only now.
             comes_to(100, 100, 480, 220)
-            drag(150, 115, (15, 0), (70, 40))  # The first step only starts the drag.
-            comes_to(170, 140, 480, 220)
-            drag(170 + 480 - 2, 140 + 220 - 2, (10, 5), (20, 15))
-            comes_to(170, 140, 510, 240)
-            drag(172, 200, (-10, 0), (-20, 0))
-            comes_to(140, 140, 540, 240)
+            drag(150, 115, 170, 140, 480, 220)
+            drag(170 + 480 - 2, 140 + 220 - 2, 170, 140, 510, 240)
+            drag(172, 200, 140, 140, 540, 240)
             subprocess.run(["xdotool", "mousemove", "250", "155", "click", "--repeat", "2",
                             "--delay", "60", "1"], check=True)
             program.find("push button", "Restore")
             comes_to(0, 0, 1280, 1024)
             program.press("push button", "Restore")
             comes_to(140, 140, 540, 240)
-            search = ["xdotool", "search", "--onlyvisible", "--name", "^VrkTrk$"]
             program.press("push button", "Minimize")
             desktop.wait_for("no frame", lambda: subprocess.run(search, check=False).returncode)
             subprocess.run([*search[:2], *search[3:], "windowactivate"], check=True)
