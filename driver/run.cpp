@@ -36,7 +36,8 @@ void _pump(QFile *input, cVrk3Parser *parser, cDlgProgress *progress)
     sincePaint.start();
     while (!input->atEnd() && progress->isVisible()) {
         block.resize(BLOCK_SIZE);
-        block.resize(qMax<qint64>(0, input->read(block.data(), BLOCK_SIZE)));
+        const qint64 read = input->read(block.data(), BLOCK_SIZE);
+        block.resize(static_cast<qsizetype>(qMax<qint64>(0, read)));
         // After a failed read, every further one would fail, too.
         if (block.isEmpty())
             return;
