@@ -99,11 +99,18 @@ def virtual_screen(manager):
     server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x1024x24"],
                               pass_fds=[write], **quiet)
     os.environ["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
-    processes = [server] + ([subprocess.Popen(["openbox"], **quiet)] if manager else [])
+    processes = [server]
     # A separate home, so that the window opens where it does on its first start.
     os.environ["HOME"] = str(WORK / "home")
     pathlib.Path(os.environ["HOME"]).mkdir(parents=True, exist_ok=True)
     try:
+        if manager:
+            up = WORK / "openbox"
+            up.unlink(missing_ok=True)
+            processes.append(subprocess.Popen(["openbox", "--startup", f"touch {up}"], **quiet))
+            # A window that opens while the window manager starts may never appear.
+            while not up.exists():
+                time.sleep(0.05)
         yield
     finally:
         for process in reversed(processes):
