@@ -33,8 +33,8 @@ def blocks(name, what, kind):
     archive = make_input(kind, 1024)
     cost = median_of(lambda: convert("raw", archive))
     count = archive.stat().st_size / 40
-    row(name, what, "a block", "CPU", cost.cpu, cost.cpu / count,
-        f"{cost.cpu / count * 1e9:.0f} ns per block", "15 ns")
+    print_row(f"`{name}`", what, "-", "CPU", f"{cost.cpu:.3f} s", "-",
+              f"{cost.cpu / count * 1e9:.0f} ns per block", "15 ns")
 
 
 def speed(name, what, kind):
