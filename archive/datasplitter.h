@@ -23,10 +23,10 @@ public:
     // Appends a copy of the bytes of a.
     void append(const QByteArray &a);
     // Appends bytes of a, starting at pos, and returns the offset after the last one appended. If
-    // no bytes received before `a` are unread, appends all the rest of `a` and reads it in place.
-    // Otherwise copies about as many bytes as the last failed read needed. To append a whole array,
-    // start with pos 0, read, and repeat with the returned offset until it is a.size(). Then call
-    // release().
+    // all bytes from before `a` have been consumed, appends all the rest of `a` without a copy and
+    // reads it in place. Otherwise copies about as many bytes as the last failed read needed. To
+    // append a whole array, start with pos 0, read, and repeat with the returned offset until it is
+    // a.size(). Then call release().
     qsizetype append(const QByteArray &a, qsizetype pos);
     // Copies the unread bytes of an array that is read in place. Without this call, the array's
     // owner would copy the whole array when changing it.
@@ -38,7 +38,7 @@ public:
     qint64 offset() const { return m_offset; }
     // The bytes in the buffer. Valid until the next append or skip.
     QByteArrayView bytes() const { return {m_front, m_size}; }
-    // Throws unless the buffer holds n bytes.
+    // Throws unless the buffer holds at least n bytes.
     void require(qsizetype n) const;
 
     // Blocks of len bytes.

@@ -11,19 +11,19 @@
 // Reads HDR records and rejects bytes that only look like the start of one. Use one reader for each
 // archive.
 //
-// A magic that occurs in noise, or was put there to do harm, may be followed by a string that never
-// ends. Waiting for the end would lose everything that follows. So if a string is still open
-// HDR_STRING_LIMIT bytes after the magic's first byte, the bytes are not a record.
+// A magic may occur in noise by chance, or someone may have put it there on purpose, and a string
+// after it may never end. Waiting for its end would lose everything that follows. So if a string is
+// still open HDR_STRING_LIMIT bytes after the magic's first byte, the bytes are not a record.
 //
 // Rejecting many such magics is fast, even if all their strings run into the same bytes: the reader
-// searches each byte for zeros and tags only once, and it remembers where the entries of stream
-// tables lead.
+// searches each byte for zeros and tags only once, and it remembers shortcuts along the entries of
+// stream tables.
 class cHdrReader
 {
 public:
     enum RESULT_T { RECORD, NO_RECORD, INCOMPLETE };
 
-    // Reads the record at the front of data, which begins with a HDR magic. Consumes nothing.
+    // Reads the record at the front of data, which begins with an HDR magic. Consumes nothing.
     // RECORD: hdr is the record, and size its length.
     // NO_RECORD: no record begins at any of the first `size` bytes; size is at least 1.
     // INCOMPLETE: the result depends on bytes that have not arrived. Call again with more.

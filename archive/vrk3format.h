@@ -17,17 +17,17 @@ inline constexpr quint32 IDX_MAGIC = 0xB5B5B505; // 05 B5 B5 B5 in the file
 inline constexpr quint16 MAGIC_MARK = 0xB505;
 inline constexpr qsizetype MAGIC_SIZE = 4;
 
-// If a string of a HDR record is still open at this offset from the record's first byte, the bytes
+// If a string of an HDR record is still open at this offset from the record's first byte, the bytes
 // are not a record. The value is the size of the largest record.
 inline constexpr int HDR_STRING_LIMIT = 2 * 0xFFFF;
 
-// Offset of the title in a HDR record.
+// Offset of the title in an HDR record.
 inline constexpr int HDR_TITLE_OFFSET = 8;
 
 // Tag texts are numbered from 1 to TAG_MAX.
 inline constexpr int TAG_MAX = 8;
 
-// If extByte1 is at most EXT_BYTE_MODULAR, extWord counts modulo EXT_WORD_MODULUS.
+// If extByte1 is at most EXT_BYTE_MODULAR, extWord is taken modulo EXT_WORD_MODULUS.
 inline constexpr int EXT_BYTE_MODULAR = 3;
 inline constexpr int EXT_WORD_MODULUS = 3000;
 
@@ -64,7 +64,7 @@ struct STREAM_T {
     QByteArray textC;
 };
 
-// A HDR record.
+// An HDR record.
 struct HDR_T {
     quint32 magic = 0;
     qint32 hdrLen = 0; // offset of the tag texts from the record's first byte

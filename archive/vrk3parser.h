@@ -96,7 +96,7 @@ private:
     cDataSplitter m_data;
 
     cHdrReader m_hdrReader;
-    bool m_isWaiting = false; // for more bytes of a HDR record
+    bool m_isWaiting = false; // for more bytes of an HDR record
 
     // Index of each id's first entry in m_hdr.streams, -1 if it has none.
     std::array<int, 256> m_entryOf;

@@ -20,7 +20,7 @@ public:
 
     // What a parser must receive in place of the first bytes of an archive.
     struct LEAD_T {
-        // A HDR record. If a block was found, also an IDX record and perhaps the head of a block.
+        // An HDR record. If a block was found, also an IDX record and perhaps the head of a block.
         QByteArray bytes;
         // How many of these bytes belong to each.
         qsizetype hdr = 0;

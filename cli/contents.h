@@ -30,7 +30,7 @@ public:
         qint64 blocks = 0; // logical blocks
         qint64 bytes = 0;  // payload bytes in them
     };
-    // What the lists leave out, so that an archive cannot make them endless.
+    // What the lists leave out, so that an archive cannot make them arbitrarily long.
     struct OMITTED_T {
         qint64 texts = 0;   // texts that are cut
         qint64 streams = 0; // streams that are not listed

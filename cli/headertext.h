@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-// A text of a HDR record, shortened so that an archive cannot make the output endless.
+// A text of an HDR record, shortened so that an archive cannot make the output arbitrarily long.
 //
 // A header can contain 128 KiB of text, and an archive any number of headers. Keeping this instead
 // of the record's string bounds the memory, and bytes are decoded only when the text is shown.

@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-// mediaExtension never looks at more than this many bytes.
+// mediaExtension looks at no more than this many bytes.
 inline constexpr qsizetype MEDIA_START_SIZE = 377;
 
 // Returns the extension, with its dot, for a file that starts with these bytes: ".bin" unless they

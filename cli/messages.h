@@ -7,7 +7,7 @@
 
 // Names and titles may contain characters that control a terminal, reverse the direction of what
 // follows or hide it: controls, formatting characters, line separators and tags. The next two
-// functions keep the two joiners, which some scripts need.
+// functions keep the zero-width joiner and non-joiner, which some scripts need.
 
 // Makes text safe to show on a terminal or in a picture: replaces such characters with U+FFFD.
 QString printable(const QString &text);

@@ -12,9 +12,9 @@ enum EXISTING_T { EXISTING_FAIL, EXISTING_REPLACE, EXISTING_SKIP };
 // The sink of a chain: the complete output appears under its name, or nothing does.
 //
 // Bytes are written to an unnamed file in the output's folder (or to a hidden one if the file
-// system does not support unnamed files), and commit() names it. If the process ends before that,
-// even if it is killed, an older file of that name is unchanged. Standard output, devices and pipes
-// are written directly.
+// system does not support unnamed files), and commit() gives it its name. If the process ends
+// before that, even if it is killed, an older file of that name is unchanged. Standard output,
+// devices and pipes are written directly.
 //
 // QSaveFile is not used because it always replaces an existing file, and leaves its temporary file
 // if the process is killed.

@@ -19,7 +19,8 @@ public:
     // Shows that `position` of `size` bytes have been read. If the size is 0, it is unknown, and
     // only the position is shown. Cheap enough to call for every block.
     void setPosition(qint64 position, qint64 size);
-    // Erases the bar until the next of the calls above; call it before printing a line.
+    // Erases the bar until the next call of one of the functions above. Call this before printing a
+    // line.
     void clear();
 
 private:

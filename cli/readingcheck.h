@@ -12,8 +12,8 @@
 #include <bitset>
 
 // Checks whether the window misreads an archive: whether its positions are wrong, or fixes that the
-// receiver sent are missing. Connect the signals for HDR records and for the GPS stream, the latter
-// after the window's decoder and the statistics.
+// receiver sent are missing. Connect the signals for HDR records and for the GPS stream. Connect
+// the latter after the window's decoder and the statistics are connected to it.
 //
 // It costs almost nothing if the decoder finds points: only blocks without points are also read for
 // fixes.

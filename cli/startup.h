@@ -15,12 +15,13 @@ void openStandardStreams();
 // exception can be caught.
 void setSignals();
 
-// Permits as many open files as the system allows. The default of 1024 is less than the outputs of
-// a few archives with many streams.
+// Permits as many open files as the system allows. The default of 1024 is too low for the outputs
+// of a few archives with many streams.
 void raiseFileLimit();
 
-// Names the system's time zone in the environment if it names none. The zone is the same, but the C
-// library no longer looks for changes of it at each conversion, which takes longer than the rest.
+// Sets the environment variable TZ to the system's time zone unless it is set. The zone remains the
+// same, but the C library no longer checks at each conversion whether it has changed, which takes
+// longer than the conversion itself.
 void setTimeZone();
 
 // Decodes the program's arguments with decodeFileName.

@@ -15,9 +15,9 @@ inline constexpr double FEET_PER_METRE = 3.2808399;
 // the whole file with the last title, even if no text arrived.
 //
 // Text is in the local 8-bit encoding; the month's name is in the system's language. In the title,
-// commas become semicolons and line ends become spaces. Date and time are UTC, but the day number
-// is less by the local time zone's offset from UTC. A time outside QDateTime's range leaves date
-// and time empty.
+// commas become semicolons and line ends become spaces. Date and time are UTC, but the local time
+// zone's offset from UTC is subtracted from the day number. A time outside QDateTime's range leaves
+// date and time empty.
 class cGpsPlt : public cTrackWriter
 {
     Q_OBJECT

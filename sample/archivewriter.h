@@ -39,7 +39,7 @@ struct ARCHIVEEXTENSION_T {
 class cArchiveWriter
 {
 public:
-    // Appends a HDR record. Its stream table decides which of the following blocks have an
+    // Appends an HDR record. Its stream table decides which of the following blocks have an
     // extension head. The record up to the tag texts, and the tag texts, must each be at most
     // 65,535 bytes long; otherwise only the lower 16 bits of the length are written.
     void header(const QByteArray &title, const QList<ARCHIVESTREAM_T> &streams,
@@ -51,7 +51,7 @@ public:
 
     // Appends one block. Only the first 65,535 bytes of `payload` are written. `lowFlags` are bits
     // 5 to 0 of the flags. `extension` is written only if the block has an extension head. Two
-    // heads of stream 0xB5 read as a magic; they are written all the same.
+    // heads of stream 0xB5 read as a magic; they are written anyway.
     void block(quint8 streamId, const QByteArray &payload, FRAGMENT_T fragment = FRAGMENT_WHOLE,
                quint8 lowFlags = 0, const ARCHIVEEXTENSION_T &extension = {});
 

@@ -16,8 +16,8 @@ class cReceiverText
 public:
     cReceiverText();
 
-    // Advances by one second and returns its text: GPRMC, GPGGA and, in every other second, GPGSV.
-    // The first call returns the text of the start.
+    // Advances by one second and returns its text: GPRMC, GPGGA and, every other second, GPGSV. The
+    // first call returns the text of the start.
     QByteArray second();
 
     // Single sentences of the current second.
@@ -26,7 +26,7 @@ public:
     QByteArray gpgsv() const;
 
     // Sets whether the receiver sees satellites. True by default. If false, the status in GPRMC is
-    // "V" and GPGGA has no position. The car moves in any case.
+    // "V" and GPGGA has no position. The car moves in both cases.
     void setSky(bool inSight) { m_sky = inSight; }
 
 private:

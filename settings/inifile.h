@@ -27,7 +27,8 @@ extern const char *const g_impossibleString;
 // written to an unwritable file is lost when the process ends.
 //
 // The event loop writes changes to disk from time to time. A private file is certain to be up to
-// date when its object releases it, the user's file when the last object does.
+// date once its object has released it, and the user's file once the last object attached to it
+// has.
 //
 // Use all objects from one thread. They cannot be copied, because a private file has one owner.
 class CIniFile
@@ -62,8 +63,8 @@ public:
     int GetInt(const std::string &section, const std::string &key, int defVal);
     int GetInt(const std::string &key, int defVal);
 
-    // Returns the first four stored bytes as a number, lowest byte first. A shorter value is filled
-    // up with zeros. The result is below 2^32; only bits 0 to 31 of `defVal` are used.
+    // Returns the first four stored bytes as a number, lowest byte first. A shorter value is padded
+    // with zeros. The result is below 2^32; only bits 0 to 31 of `defVal` are used.
     unsigned long GetFourCC(const std::string &section, const std::string &key,
                             unsigned long defVal);
 
@@ -98,9 +99,9 @@ public:
     // directory, and return its path even if that fails.
     static std::string GetSettingsDir();
     static std::string GetConfigDir();
-    // Opens the user's file and the installed one on the first call of the process, and counts one
-    // more user of them. The constructors call this. After any other call, the last object no
-    // longer writes the user's file when it is destroyed.
+    // Opens the user's file and the installed one on the first call in the process. Every call
+    // counts one more user of them. The constructors call this. If anything else calls it, the last
+    // object no longer writes the user's file when it is destroyed.
     static void distributeConfig();
 
     // Encodes any bytes as one line of ASCII. Line feed, carriage return, tab and backslash become

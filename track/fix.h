@@ -17,8 +17,8 @@ enum class FIX_CLOCK : quint8 {
     FULL,        // date and time
 };
 
-// One position of the receiver, merged from all sentences of its instant. A plain record: it can be
-// copied byte by byte.
+// One position reported by the receiver, merged from all sentences of the same instant. A plain
+// record: it can be copied byte by byte.
 struct FIX_T {
     qint64 time = 0;           // milliseconds since 1970-01-01T00:00:00 UTC
     double lat = 0;            // decimal degrees, north positive

@@ -21,10 +21,10 @@ class cNmeaLibrary;
 // and GLL of any talker; VTG, ZDA and GSA add what these leave out.
 //
 // All sentences of one instant make one fix. If their positions differ, the one with the most
-// decimals is used, and the first one among equals. A second position with the same time from the
-// same kind of sentence is a separate fix (FIX_T::repeat). A sentence that the receiver marks
-// invalid (status V, quality 0, no position) makes no fix, and neither does a position of exactly
-// 0, 0.
+// decimals is used, or the first of these if there are several. A second position with the same
+// time from the same kind of sentence is a separate fix (FIX_T::repeat). A sentence that the
+// receiver marks invalid (status V, quality 0, no position) makes no fix, and neither does a
+// position of exactly 0, 0.
 //
 // The date comes from an RMC or ZDA of the same instant. Without one, it is carried forward from
 // the previous fix, across midnight. Fixes before the first date wait for it and are dated
@@ -33,7 +33,8 @@ class cNmeaLibrary;
 //
 // Fixes are emitted in the order of the text, which is not always chronological. The text may
 // arrive in chunks cut anywhere. No input is an error. Memory is bounded: at most MAX_WAITING fixes
-// wait for a date, and then they are emitted as at the end of the text.
+// wait for a date. When there are that many, they are emitted as they would be at the end of the
+// text.
 class cFixReader : public QObject
 {
     Q_OBJECT
@@ -45,8 +46,8 @@ public:
     ~cFixReader() override;
 
     // Call this after the last chunk: it emits the fixes that are still waiting. Text that follows
-    // is read as that of another receiver, and its fixes without a date are later than those so
-    // far.
+    // is read as that of another receiver, and its fixes without a date are placed after those
+    // emitted so far.
     void finish();
 
     const cSentenceSplitter &sentences() const { return m_splitter; }
@@ -104,7 +105,7 @@ private:
     QByteArray m_question;                            // the sentence for the library
     std::array<QByteArrayView, FIELDS_READ> m_fields; // of the current sentence, its name included
     size_t m_fieldCount = 0;
-    QList<INSTANT_T> m_open; // instants that still take sentences, the newest last
+    QList<INSTANT_T> m_open; // instants that still accept sentences, the newest last
     QList<FIX_T> m_waiting;  // for a date
     // Times are first counted from midnight of the first day of the text. These offsets convert
     // them to calendar times: the first by the last date that came with a position, the second by

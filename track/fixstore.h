@@ -20,7 +20,7 @@ public:
     // read.
     QList<FIX_T> read(qint64 index, qsizetype n);
 
-    // The message of the first error, in the system's words; empty if there was none.
+    // The operating system's message for the first error; empty if there was none.
     const QString &error() const { return m_error; }
 
 private:

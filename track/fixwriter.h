@@ -7,7 +7,7 @@
 #include <QObject>
 #include <QString>
 
-// The base class of the writers of a cTrack, one for each format.
+// The base class of the track writers. Each derived class writes a cTrack in one format.
 //
 // Numbers have a decimal point in every locale and no trailing zeros; times are UTC. Memory does
 // not grow with the track.

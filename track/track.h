@@ -16,7 +16,7 @@ struct TRACK_LIMIT_T {
     bool daily = false; // time counts from midnight UTC instead, and applies to every day
 };
 
-// Collects fixes into a track: in order of time, without duplicates, cut into segments.
+// Collects fixes into a track: sorted by time, without duplicates, cut into segments.
 //
 // Connect the signal of cFixReader, for one archive or for several that may overlap. Then call
 // finish(), and walk through the track with any number of cTrackCursor objects. A long track is

@@ -5,7 +5,8 @@
 
 #include <QXmlStreamWriter>
 
-// The base class of the writers of XML. It sends the output of an XML writer piece by piece.
+// The base class of the writers whose formats are XML. It sends the output of an XML writer piece
+// by piece.
 class cXmlFixWriter : public cFixWriter
 {
     Q_OBJECT

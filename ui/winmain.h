@@ -6,8 +6,8 @@
 #include <QMainWindow>
 
 // The choice of the output format, shown inside the frame. OK stores the format's filter text and
-// the action 1 in gParams. OK and Cancel both close the frame. Return and Enter act as OK, Escape
-// acts as Cancel.
+// the action 1 in gParams. OK and Cancel both close the frame. Return and Enter act as OK, and
+// Escape acts as Cancel.
 class CWinMain : public QMainWindow
 {
     Q_OBJECT
