@@ -13,7 +13,7 @@ QStringList proposedOutputs(const QStringList &inputs, const QString &filter);
 
 // Asks for the output in a Save dialog that begins with the proposal and offers the one filter.
 // Asks again if the user picks the file that is open as input, whatever its name. Returns the name
-// exactly as the user entered it; empty if the user cancels.
+// unchanged, as the dialog returned it; empty if the user cancels.
 QString askOutput(const QFile &input, const QString &proposal, const QString &filter);
 
 #endif
