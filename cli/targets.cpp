@@ -23,7 +23,7 @@ bool _isStandardInput(const ARCHIVE_T &archive)
 void cTargets::addOptions(QCommandLineParser &parser)
 {
     parser.addOption({{u"o"_s, OUTPUT},
-                      u"Write to FILE, or to standard output if FILE is -. For a single archive."_s,
+                      u"Write to FILE, or to standard output if FILE is -. For a single output."_s,
                       u"FILE"_s});
     parser.addOption({{u"d"_s, FOLDER},
                       u"Write to FOLDER instead of the folder of each archive."_s,
