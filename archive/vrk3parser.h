@@ -103,7 +103,7 @@ private:
     // The current block. It keeps its memory and its stream from one block to the next.
     DATA_T m_block;
     qint64 m_blockOffset = 0; // of its first fragment
-    // Offset of the last first fragment of each stream.
+    // Offset of the most recent first fragment of each stream.
     std::array<qint64, 256> m_firstOffset = {};
     // The stream to deliver, as id << 8 | type, -1 for all of them.
     int m_only = -1;

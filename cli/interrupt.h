@@ -4,8 +4,8 @@
 // Handling of Ctrl-C and similar signals: the run stops and leaves no partial output.
 
 // Installs the handlers. After this, SIGINT, SIGTERM and SIGHUP are only remembered. A second one
-// of the same kind ends the process at once, in case the first is stuck on a pipe that nobody
-// reads. A signal that the parent process ignores (nohup) stays ignored.
+// of the same kind ends the process at once, in case it is stuck on a pipe that nobody reads. A
+// signal that the parent process ignores (nohup) stays ignored.
 void catchInterrupts();
 
 // Returns true if one of the signals has arrived.

@@ -12,7 +12,7 @@
 // Returns why a file that was read completely is not an archive; empty if it is one.
 QString whyNoArchive(const ACCOUNT_T &account);
 
-// Returns why an archive that was read completely has no track; empty if it has one.
+// Returns why an archive that was read completely has no GPS data; empty if it has some.
 QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats);
 
 // Returns the number of bytes of an archive that could not be used, because they are damaged or

@@ -25,7 +25,7 @@ constexpr double PANEL_PADDING = 48;
 constexpr double MIN_PANEL_HEIGHT = 260;
 constexpr double MAX_PANEL_HEIGHT = 800;
 constexpr double MAX_SCALE_BAR = 220;
-constexpr double LINE_STEP = 0.7; // closer points are merged
+constexpr double LINE_STEP = 0.7; // points whose squared distance is less are merged
 
 constexpr double METRES_PER_DEGREE = EARTH_RADIUS * std::numbers::pi / 180;
 constexpr double MIN_EXTENT = 50; // metres; a parked car must not fill the picture

@@ -45,9 +45,10 @@ struct NMEA_ACCOUNT_T {
 // Decodes the text of a GPS receiver: the sentences GPGGA, GPRMC and PGRME. All others are skipped.
 //
 // The text arrives in chunks that may end anywhere; CR and LF are ignored. A chunk is read up to
-// its first zero byte. Once a GPRMC has declared the fix valid, the whole record is emitted after
-// each sentence with a correct checksum. No input is an error. Text that can no longer become a
-// sentence is discarded at once, so only an unfinished sentence is kept between chunks.
+// its first zero byte. As long as the last GPRMC declares the fix valid, the whole record is
+// emitted after each accepted sentence: one with a correct checksum and enough fields. No input is
+// an error. Text that can no longer become a sentence is discarded at once, so only an unfinished
+// sentence is kept between chunks.
 class cNmea : public QObject
 {
     Q_OBJECT
@@ -66,7 +67,7 @@ Q_SIGNALS:
     void signal_Data(const nmea_data &n);
 
 private:
-    // The number of fields that are read. A sentence needs at least as many after its name.
+    // The number of fields that are read. A GPGGA or GPRMC needs at least as many after its name.
     static constexpr int FIELDS_READ = 9;
     static constexpr qsizetype CHECKSUM_LENGTH = 2;
     // The memory of longer text is freed after use. No real sentence is this long.

@@ -77,7 +77,7 @@ class Outputs(Case):
 
 class Many(Case):
     def test_tree(self):
-        """A tree of archives: those before a slow one wait for it, and a second run leaves all alone."""
+        """A tree of archives: those after a slow one wait for it, and a second run changes no output."""
         for name, data in (("t/a.vrk3", LONG), ("t/s/b.VRK3", GOOD), ("t/s/u/c.vrk3", GOOD), ("t/z.vrk3", GOOD),
                            ("t/bad.vrk3", bytes(99)), ("t/s/no.txt", GOOD), ("t/.x.vrk3", GOOD), ("b.vrk3", GOOD),
                            ("t/s/b.vrk3", LONG), ("far/y.vrk3", GOOD), ("out/e.gpx", b"old")):
