@@ -34,7 +34,7 @@ QByteArray _beginning()
 }
 
 // Feeds `beginning` once and then `pattern` repeatedly, in chunks, to a parser with a connected
-// receiver. If gpsOnly is set, the pattern is a block of another stream.
+// listener. If gpsOnly is set, the pattern is a block of another stream.
 void _walk(benchmark::State &state, const QByteArray &beginning, QByteArray pattern,
            bool gpsOnly = false)
 {

@@ -56,7 +56,7 @@ def track(name, what, to):
                      lambda: run("gpsbabel", "-i", "nmea", "-f", text, "-o", GPSBABEL_FORMAT[to],
                                  "-F", f"{folder}/gpsbabel.{to}"), runs=3)
     row(name, what, "`gpsbabel`", "wall", a.wall, b.wall, f"{b.wall / a.wall:.0f} times faster",
-        "30, better 60" if to == "gpx" else "-")
+        "30, ideally 60" if to == "gpx" else "-")
 
 
 def fixes(name, what):
