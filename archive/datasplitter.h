@@ -23,7 +23,7 @@ public:
     // Appends a copy of the bytes of a.
     void append(const QByteArray &a);
     // Appends bytes of a, starting at pos, and returns the offset after the last one appended. If
-    // all bytes from before `a` have been consumed, appends all the rest of `a` without a copy and
+    // all bytes that came before `a` have been consumed, appends the rest of `a` without a copy and
     // reads it in place. Otherwise copies about as many bytes as the last failed read needed. To
     // append a whole array, start with pos 0, read, and repeat with the returned offset until it is
     // a.size(). Then call release().

@@ -4,16 +4,16 @@
 
 namespace
 {
-// The entries of one table are less than this many bytes apart.
+// Any two entries of a table are less than this many bytes apart.
 constexpr qint64 TABLE_SIZE = 1 << 16;
 
-// Returns the index in the bytes of data of an offset that is among them or at their end.
+// Converts an offset in the archive to an index in data.bytes().
 qsizetype _index(const cDataSplitter &data, qint64 offset)
 {
     return static_cast<qsizetype>(offset - data.offset());
 }
 
-// Returns where the list of entries that lead to later ones keeps this entry.
+// Returns the index of an entry in m_leadsTo.
 qsizetype _slot(qint64 entry)
 {
     return static_cast<qsizetype>(entry % TABLE_SIZE);

@@ -119,7 +119,8 @@ QString cCommand::_readCommonOptions(const QCommandLineParser &parser)
         return u"no archive given"_s;
     if (arguments.count(STANDARD_STREAM) > 1)
         return u"standard input can be read only once"_s;
-    // Its output goes to standard output, which may be the file of another archive.
+    // The output for standard input goes to standard output, which may be redirected to the file of
+    // another archive.
     struct stat out = {};
     if (arguments.contains(STANDARD_STREAM) && fileStatus(STANDARD_STREAM, STDOUT_FILENO, out) &&
         S_ISREG(out.st_mode))

@@ -74,7 +74,7 @@ QString _sentences(const cContents &contents)
     return text;
 }
 
-// The window's reading, reduced to what shows whether it is right.
+// The figures that show whether the window reads the archive correctly.
 QString _points(const cTrackStats &stats)
 {
     QString points = counted(stats.points(), "point");

@@ -43,7 +43,7 @@ QString mediaExtension(const QByteArray &start)
                : form == "WEBP" ? u".webp"_s
                                 : u".riff"_s;
     }
-    // A pack of a program stream, a sequence of video.
+    // A pack header of a program stream, or a sequence header of video.
     if (start.startsWith({"\0\0\1\xBA", 4}) || start.startsWith({"\0\0\1\xB3", 4}))
         return u".mpg"_s;
     if (_isTransportStream(start))

@@ -324,7 +324,7 @@ double cNmea::_getDate(QByteArrayView field)
     return m_date;
 }
 
-// Converts a different date. Qt takes microseconds for one, or for finding that it is none.
+// Converts a date that differs from the last one. Qt takes microseconds, even to reject it.
 double cNmea::_midnight(const QByteArray &date)
 {
     const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };

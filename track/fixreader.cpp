@@ -20,7 +20,7 @@ public:
 
 namespace
 {
-// Number of instants open at a time. A sentence may arrive this many instants late, less one.
+// Number of instants open at a time. A sentence may be late by one instant less than this.
 constexpr qsizetype MAX_OPEN = 4;
 // Number of sentence names whose positions an instant remembers. Repeats under other names are not
 // recognized.
@@ -171,8 +171,8 @@ void cFixReader::_split(QByteArrayView sentence)
 // Lets the library read a sentence made of these fields. This class itself reads times, dates and
 // whether a sentence is valid: the library treats a missing time and a leap second as midnight and
 // the year 99 as 2099, and it spends most of its time on them. This class also reads the satellites
-// and the kind of a fix, which the library does not report, and HDOP, which it converts to metres.
-// The altitude is in the same sentence.
+// and the kind of a fix, which the library does not report, HDOP, which it converts to metres, and
+// the altitude, which is in the same sentence.
 QGeoPositionInfo cFixReader::_ask(std::initializer_list<QByteArrayView> fields)
 {
     QGeoPositionInfo info;

@@ -72,7 +72,7 @@ private:
     struct INSTANT_T {
         int time = NO_TIME;        // milliseconds of the day
         std::optional<qint64> day; // since 1970-01-01
-        bool located = false;      // all below count only if this is set
+        bool located = false;      // the rest is used only if this is set
         FIX_T fix;                 // its time is not filled in yet
         qsizetype decimals = 0;    // of its position
         // The names of the sentences with a position, and the positions as they wrote them.

@@ -16,7 +16,7 @@ void cFixStore::append(const QList<FIX_T> &fixes)
     if (!m_file.isOpen() && m_size + fixes.size() <= KEPT_IN_MEMORY) {
         m_fixes += fixes;
     } else {
-        // Without a buffer, whose errors come late and without a reason.
+        // Unbuffered, because a buffer reports errors late and without a reason.
         if (!m_file.isOpen() &&
             !static_cast<QIODevice &>(m_file).open(QIODevice::ReadWrite | QIODevice::Unbuffered))
             _fail();

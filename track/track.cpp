@@ -168,7 +168,7 @@ void cTrackCursor::next()
     if (!_take())
         return;
     const qint64 elapsed = m_fix.time - before.time;
-    const double seconds = elapsed > 0 ? double(elapsed) / MS_PER_SECOND : 1; // between repeats
+    const double seconds = elapsed > 0 ? double(elapsed) / MS_PER_SECOND : 1; // for repeats
     m_distance = _distance(before, m_fix);
     const bool isDated = m_fix.clock == FIX_CLOCK::FULL;
     m_startsSegment = elapsed > m_track->m_gap || m_distance > MAX_SPEED * seconds ||
