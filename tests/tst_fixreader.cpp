@@ -138,7 +138,8 @@ void tst_FixReader::texts()
         QCOMPARE(_lines(_read({text.first(i), text.sliced(i)})), fixes);
 }
 
-// A sentence is at most a kilobyte long, and what waits for its end or for a date is bounded.
+// A sentence is at most a kilobyte long. Unfinished text and fixes without a date are kept only up
+// to a limit.
 void tst_FixReader::limits()
 {
     const QByteArray gll = "GPGLL,5545.1234,N,03737.0500,E,120108,A";

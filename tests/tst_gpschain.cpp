@@ -90,7 +90,7 @@ QByteArray _kml(const QByteArray &title, const QByteArray &points)
            "</coordinates>\r\n</LineString></Placemark></Folder></Document></kml>\r\n";
 }
 
-// What in PLT depends on the locale and the time zone: names of months, and day numbers.
+// The parts of PLT that depend on the locale and the time zone: names of months, and day numbers.
 struct LOCALE_T {
     const char *name;
     const char *march;

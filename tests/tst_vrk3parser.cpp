@@ -81,7 +81,7 @@ QByteArrayList _plain(const QByteArray &archive)
 {
     QByteArrayList lines;
     QByteArrayView in; // no record is longer, and no string may be open at its end
-    qsizetype pos = 0; // within in
+    qsizetype pos = 0; // an offset in `in`
     const auto take = [&](qsizetype size) {
         if (size > in.size() - pos)
             throw QString();

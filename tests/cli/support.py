@@ -13,7 +13,7 @@ import unittest
 
 VRK3, SOURCE = os.environ["VRK3"], os.environ["VRK3_SOURCE"]
 REFERENCE = pathlib.Path(__file__).parent / "reference"
-# In the background, a shell ignores Ctrl-C, and so would the programs started here.
+# A shell makes its background jobs ignore Ctrl-C, and the programs started here would do the same.
 signal.signal(signal.SIGINT, signal.default_int_handler)
 # A time zone that differs from UTC in hours and minutes.
 ENVIRONMENT = dict(os.environ, TZ="TST-5:45", LC_ALL="C.UTF-8")
@@ -44,7 +44,7 @@ def gpgga(second, lat, lon, alt=151.7):
 
 
 def header(title, streams, texts=b""):
-    """A HDR record. Streams are tuples of id, type and three texts."""
+    """An HDR record. Streams are tuples of id, type and three texts."""
     table = title.encode() + b"\0" + b"".join(
         bytes(s[:2]) + "\0".join([*s[2:], ""]).encode() for s in streams)
     return b"\xb5\xb5\x05\xb5" + struct.pack("<HH", 8 + len(table), len(texts)) + table + texts
@@ -68,7 +68,7 @@ def archive(text, title="Title", stream=0xFD):
 
 
 def everything():
-    """An archive with everything that archives can contain, in numbers that all differ."""
+    """An archive with everything that archives can contain. All its counts differ from each other."""
     streams = [(1, 1, "cam0", "Камера", "mjpeg"), (2, 2, "mic0", "", "pcm"), (8, 8, "", "", ""),
                (9, 0, "", "none", ""), (16, 16, "adc", "Volt", "mV"), (0xFD, 4, "com1", "GPS", "nmea")]
     first = header("A < B & \x1b[2J\u202e\U000e0041", streams, b"\1one\0\5\xd0\x9c\0\0\xff\1uno\0")

@@ -1,4 +1,4 @@
-"""What archives and environments made to do harm cannot do."""
+"""What malicious archives and hostile environments cannot do."""
 import json
 import os
 import re
@@ -45,7 +45,7 @@ class Attacks(Case):
                         self.assertEqual(json.loads(output)[0]["omitted"]["streams"] > 0, name in ("tables", "long"))
 
     def test_environments(self):
-        """What the program cannot have or must not overwrite costs one line, and leaves no file."""
+        """If the program lacks something or would overwrite a file, it prints one line and leaves no file."""
         for name, data in (("a.vrk3", LONG), ("b.vrk3", GOOD), ("\ufeffb.vrk3", LONG), ("\ufffd/c.vrk3", GOOD),
                            ("endless.vrk3", archive(b"") + block(0xFD, b"", 2) + block(0xFD, bytes(60000), 0) * 999)):
             self.write(name, data)

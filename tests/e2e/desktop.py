@@ -88,7 +88,7 @@ class Desktop:
         import gi
         gi.require_version("Atspi", "2.0")
         from gi.repository import Atspi
-        # By default a call fails if a program older than 15 seconds does not answer it in 0.8.
+        # By default, a call to a program older than 15 seconds fails after 0.8 seconds.
         Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)
         self.atspi = Atspi
 

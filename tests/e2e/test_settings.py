@@ -132,8 +132,8 @@ class SettingsTest(desktop.Case):
         self.session(look)
 
     def test_languages(self):
-        """The program's texts and Qt's, and Cyrillic letters only where they belong. Nobody has
-        translated the program for C, Greek and Finnish; Qt knows Finnish."""
+        """The program's texts and Qt's, and Cyrillic letters only where they belong. The
+        program has no translation for C, Greek and Finnish; Qt has one for Finnish."""
         english = "GPS Exchange Format (.gpx)", "Save"
         for locale, gpx, save, cancel in (
                 ("C", *english, "Cancel"), ("el_GR", *english, "Cancel"), ("fi_FI", *english, "Peru"),

@@ -169,7 +169,7 @@ class WindowTest(desktop.Case):
                 subprocess.run(["xdotool", "mouseup", "1"], check=True)
                 comes_to(*box)
 
-            program.find("filler", "VrkTrk", states=["ACTIVE"])  # It is mapped only now.
+            program.find("filler", "VrkTrk", states=["ACTIVE"])  # Now it is on the screen.
             comes_to(100, 100, 480, 220)
             drag(150, 115, 170, 140, 480, 220)
             drag(170 + 480 - 2, 140 + 220 - 2, 170, 140, 510, 240)

@@ -20,7 +20,7 @@ class DesktopTest(support.Case):
         subprocess.check_output(["cmake", "--install", os.environ["VRKTRK_BUILD"], "--prefix", self.folder])
         for name, script in ("lib/vrktrk/VrkTrk", SPY), ("bin/notify-send", SPY), ("bin/xdg-open", SPY), (
                 "bin/xdg-mime", SPY), (
-                "bin/timeout", b'#!/bin/sh\nshift\n"$@"\n'):  # never, however busy the machine is
+                "bin/timeout", b'#!/bin/sh\nshift\n"$@"\n'):  # never times out, however busy the machine is
             self.write(name, script)
             self.path(name).chmod(0o755)
         for name, (content, _) in ARCHIVES.items():
@@ -46,7 +46,7 @@ class DesktopTest(support.Case):
         self.assertEqual(self.read(picture), self.vrk3("plot", "-qo-", "d ä/good.vrk3")[1])
         self.assertIn(f"{NOTE}Der Track kann nicht angezeigt werden|a &lt;b&gt; &amp; c.vrk3: not",
                       self.calls("lib/vrktrk/show-track", "a <b> & c"))
-        for summary in "Track gespeichert", "Ein Track konnte nicht gespeichert werden":  # the second exists
+        for summary in "Track gespeichert", "Ein Track konnte nicht gespeichert werden":  # the file now exists
             self.assertIn(f"{NOTE}{summary}|good.vrk3: ", self.calls("lib/vrktrk/write-track", "good"))
         self.assertIn(b"<trkpt", self.read("d ä/good.gpx"))
         self.write("bin/xdg-open", b"#!/bin/sh\nexit 3\n")
