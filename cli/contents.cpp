@@ -27,6 +27,7 @@ cContents::cContents(QObject *parent) : QObject(parent)
     connect(&m_reader.raw(), SIGNAL(signal_Data(QByteArray)), &m_fixReader,
             SLOT(slot_Data(QByteArray)));
     connect(&m_fixReader, SIGNAL(signal_Data(FIX_T)), &m_track, SLOT(slot_Data(FIX_T)));
+    connect(&m_fixReader, SIGNAL(signal_Data(FIX_T)), &m_check, SLOT(slot_Data(FIX_T)));
 }
 
 QString cContents::read(const ARCHIVE_T &archive, cProgress &progress)

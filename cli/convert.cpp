@@ -6,6 +6,7 @@
 #include "cli/summary.h"
 #include "cli/trackstats.h"
 #include "gps/gpschain.h"
+#include "track/fixreader.h"
 
 #include <algorithm>
 #include <array>
@@ -91,6 +92,10 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
         return result;
     cTrackStats stats;
     cReadingCheck check(stats);
+    cFixReader fixReader;
+    QObject::connect(&check, SIGNAL(signal_Data(QByteArray)), &fixReader,
+                     SLOT(slot_Data(QByteArray)));
+    QObject::connect(&fixReader, SIGNAL(signal_Data(FIX_T)), &check, SLOT(slot_Data(FIX_T)));
     bool hasPoints = false;
     {
         // The chain sends its last bytes when it is destroyed.
@@ -107,6 +112,7 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
                              SLOT(slot_Data(QByteArray)));
         }
         feed.run(chain.parser(), progress, [&] { return !output->isOpen(); });
+        fixReader.finish();
         if (hasPoints)
             result.warnings =
                 check.warnings(chain.decoder()->account(), u"this format"_s, extension);

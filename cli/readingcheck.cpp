@@ -14,10 +14,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr size_t EXPECTED_DECIMALS = 4;
-// A longer pause between points is a gap that may contain fixes.
-constexpr int MAX_PAUSE = 10; // seconds
-// Missing fixes are reported only if there is more than one in this many points. The window waits
-// for a GPRMC, so the first fixes are often missing, which is not worth a warning.
+// If there are points, missing fixes are reported only if there are at least two, and more than one
+// in this many points. The window waits for a GPRMC, so the first fix is often missing, which is
+// not worth a warning.
 constexpr qint64 MIN_PART = 100;
 
 // Returns true if an element with this title, between open and close, is not plain text. Markup
@@ -39,7 +38,6 @@ bool _breaksXml(const QByteArray &title, const QString &mark, const QString &ope
 cReadingCheck::cReadingCheck(const cTrackStats &stats, QObject *parent)
     : QObject(parent), m_stats(stats)
 {
-    connect(&m_reader, SIGNAL(signal_Data(FIX_T)), SLOT(slot_Data(FIX_T)));
 }
 
 // The window's GPX contains the title of the last header before the first text; its KML contains
@@ -55,37 +53,20 @@ void cReadingCheck::slot_Data(const QByteArray &a)
 {
     m_hasText = true;
     if (m_stats.located() == m_located)
-        m_reader.slot_Data(a);
-    else
-        _markSeen();
-}
-
-// Marks the seconds up to that of the last point as seen.
-void cReadingCheck::_markSeen()
-{
+        Q_EMIT signal_Data(a);
     m_located = m_stats.located();
-    const double time = m_stats.last().time;
-    if (!(time >= 0 && time < SECONDS_PER_DAY))
-        return;
-    const int second = int(time);
-    const int elapsed = (second - m_second + SECONDS_PER_DAY) % SECONDS_PER_DAY;
-    const int pause = m_second < 0 || elapsed > MAX_PAUSE ? 0 : elapsed;
-    for (int i = 0; i <= pause; ++i)
-        m_seen.set(size_t((second - i + SECONDS_PER_DAY) % SECONDS_PER_DAY));
-    m_second = second;
 }
 
 void cReadingCheck::slot_Data(const FIX_T &fix)
 {
-    const qint64 second = fix.time / MS_PER_SECOND % SECONDS_PER_DAY;
-    if (second < 0 || !m_seen.test(size_t(second)))
+    const qint64 second = fix.time / MS_PER_SECOND % cTrackStats::SECONDS_PER_DAY;
+    if (second < 0 || !m_stats.hasPoint(int(second)))
         ++m_unseen;
 }
 
 QStringList cReadingCheck::warnings(const NMEA_ACCOUNT_T &account, const QString &reader,
-                                    const QString &format)
+                                    const QString &format) const
 {
-    m_reader.finish();
     QStringList warnings;
     const QString track = _trackWarning(account, reader);
     const bool hasFixes = m_stats.located() > 0 || m_unseen > 0;
@@ -117,7 +98,7 @@ QString cReadingCheck::_trackWarning(const NMEA_ACCOUNT_T &account, const QStrin
             counted(misread, "position"), misread == 1 ? u"has"_s : u"have"_s, decimals, reader);
     }
     const qint64 located = m_stats.located();
-    if (m_unseen * MIN_PART > located)
+    if (m_unseen > (located == 0 ? 0 : qMax(qint64(1), located / MIN_PART)))
         return u"%1 %2 in sentences that %3 does not read"_s.arg(
             countedFixes(m_unseen), m_unseen == 1 ? u"is"_s : u"are"_s, reader);
     const qint64 lost = m_stats.points() - located;

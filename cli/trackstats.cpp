@@ -58,6 +58,8 @@ void cTrackStats::slot_Data(const nmea_data &n)
         _extend(n, nearestTurn(n.lon, m_lon));
     }
     m_last = n;
+    if (n.time >= 0 && n.time < SECONDS_PER_DAY)
+        m_seconds.set(size_t(n.time));
 }
 
 void cTrackStats::_extend(const nmea_data &n, double lon)

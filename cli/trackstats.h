@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <bitset>
+
 // The earth's mean radius in metres.
 inline constexpr double EARTH_RADIUS = 6371008.8;
 
@@ -45,6 +47,11 @@ public:
     // The length of the track.
     double metres() const { return m_metres; }
 
+    // Returns true if a point with a usable position has a time in this second of the day.
+    bool hasPoint(int second) const { return m_seconds.test(size_t(second)); }
+
+    static constexpr int SECONDS_PER_DAY = 86400;
+
 public Q_SLOTS:
     void slot_Data(const nmea_data &n);
     void slot_Data(const QByteArray &a);
@@ -65,6 +72,7 @@ private:
     double m_west = 0; // continuous across full turns
     double m_east = 0;
     double m_metres = 0;
+    std::bitset<SECONDS_PER_DAY> m_seconds; // that have a point
 };
 
 #endif

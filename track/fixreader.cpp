@@ -240,7 +240,9 @@ cFixReader::INSTANT_T *cFixReader::_locate(int time, size_t first, QByteArrayVie
 
     const auto place = [&](size_t i) { return isNeeded ? _field(first + i) : QByteArrayView(); };
     const QGeoPositionInfo info =
-        _ask({"GPRMC", "", "", place(0), place(1), place(2), place(3), speed, course});
+        speed.isEmpty() && course.isEmpty()
+            ? _ask({"GPGLL", place(0), place(1), place(2), place(3)})
+            : _ask({"GPRMC", "", "", place(0), place(1), place(2), place(3), speed, course});
     if (isNeeded && !_isPlace(info.coordinate()))
         return nullptr;
     if (!instant || isRepeat) {
