@@ -12,9 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr double METRES_PER_KILOMETRE = 1000;
-constexpr double KMH_PER_MPS = 3.6;
-
 template <typename T>
 QJsonArray _texts(const T &texts)
 {

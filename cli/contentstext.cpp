@@ -12,9 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr double METRES_PER_KILOMETRE = 1000;
-constexpr double KMH_PER_MPS = 3.6;
-
 QString _latitude(double value)
 {
     return QString::number(qAbs(value), 'f', 6) + QLatin1String(value < 0 ? " S" : " N");

@@ -8,8 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr double METRES_PER_KILOMETRE = 1000;
-
 QString _line(const QStringList &cells)
 {
     return cells.join(u'\t') + u'\n';

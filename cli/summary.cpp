@@ -88,5 +88,6 @@ QString trackSummary(const TRACK_SUMMARY_T &track, const QString &output)
 {
     return u"%1 in %2, %3, %4 km -> %5"_s.arg(
         countedFixes(track.fixes), counted(track.segments, "segment"), timeSpan(track),
-        QString::number(track.metres / 1000, 'f', 2), displayName(output, u"standard output"_s));
+        QString::number(track.metres / METRES_PER_KILOMETRE, 'f', 2),
+        displayName(output, u"standard output"_s));
 }

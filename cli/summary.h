@@ -9,6 +9,9 @@
 
 // Texts for the user about archives and their tracks.
 
+inline constexpr double METRES_PER_KILOMETRE = 1000;
+inline constexpr double KMH_PER_MPS = 3.6; // kilometres per hour in a metre per second
+
 // Returns why a file that was read completely is not an archive; empty if it is one.
 QString whyNoArchive(const ACCOUNT_T &account);
 

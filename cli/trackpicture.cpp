@@ -25,11 +25,10 @@ constexpr double PANEL_PADDING = 48;
 constexpr double MIN_PANEL_HEIGHT = 260;
 constexpr double MAX_PANEL_HEIGHT = 800;
 constexpr double MAX_SCALE_BAR = 220;
-constexpr double LINE_STEP = 0.7; // points whose squared distance is less are merged
+constexpr double LINE_STEP = 0.8; // closer points are merged
 
 constexpr double METRES_PER_DEGREE = EARTH_RADIUS * std::numbers::pi / 180;
 constexpr double MIN_EXTENT = 50; // metres; a parked car must not fill the picture
-constexpr double METRES_PER_KILOMETRE = 1000;
 
 constexpr const char *INK = "#1f2933";
 constexpr const char *FAINT_INK = "#52606d";
@@ -222,7 +221,7 @@ QString cTrackPicture::_path(const VIEW_T &view, bool isBroken) const
         const bool ends =
             i + 1 == m_points.size() || (isBroken && m_points.at(i + 1).startsSegment);
         const QPointF step = at - drawn;
-        if (!begins && !ends && QPointF::dotProduct(step, step) < LINE_STEP)
+        if (!begins && !ends && QPointF::dotProduct(step, step) < LINE_STEP * LINE_STEP)
             continue;
         const QString place = u"%1 %2"_s.arg(_number(at.x()), _number(at.y()));
         path += (begins ? u"M"_s : u"L"_s) + place;

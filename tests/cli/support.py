@@ -18,7 +18,8 @@ signal.signal(signal.SIGINT, signal.default_int_handler)
 # A time zone that differs from UTC in hours and minutes.
 ENVIRONMENT = dict(os.environ, TZ="TST-5:45", LC_ALL="C.UTF-8")
 # Sanitizers make system calls of their own and keep released memory.
-not_sanitized = unittest.skipIf(b"__asan_init" in pathlib.Path(VRK3).read_bytes(), "built with sanitizers")
+SANITIZED = b"__asan_init" in pathlib.Path(VRK3).read_bytes()
+not_sanitized = unittest.skipIf(SANITIZED, "built with sanitizers")
 
 
 def sentence(body, error=0):

@@ -5,10 +5,9 @@ import re
 import subprocess
 import xml.etree.ElementTree as ET
 
-from support import Case, ENVIRONMENT, GOOD, LONG, VRK3, archive, block, gprmc, header, sentence, unittest
+from support import Case, ENVIRONMENT, GOOD, LONG, SANITIZED, VRK3, archive, block, gprmc, header, sentence, unittest
 
 UNSAFE = re.compile("[\0-\t\v-\x1f\x7f-\x9f\u2028-\u202e\u2066-\u2069\U000e0000-\U000e007f]")
-SANITIZED = "sanitize" in VRK3  # which needs far more memory
 
 
 class Attacks(Case):
