@@ -3,7 +3,7 @@
 file(INSTALL ${source}/resources/halvorant_vrktrk.svg DESTINATION ${share}/icons/hicolor/scalable/apps
      RENAME vrktrk.svg)
 foreach(size IN ITEMS 16 22 24 32 48 64 128 256)
-    execute_process(COMMAND rsvg-convert --width ${size} --height ${size} --output ${build}/vrktrk.png
+    execute_process(COMMAND ${rsvg_convert} --width ${size} --height ${size} --output ${build}/vrktrk.png
                             ${source}/resources/halvorant_vrktrk.svg COMMAND_ERROR_IS_FATAL ANY)
     file(INSTALL ${build}/vrktrk.png DESTINATION ${share}/icons/hicolor/${size}x${size}/apps)
 endforeach()
@@ -13,7 +13,7 @@ endforeach()
 function(install_translated kind file destination)
     string(REGEX REPLACE "\\.in$" "" name ${file})
     configure_file(${source}/packaging/${file} ${build}/${file} @ONLY)
-    execute_process(COMMAND msgfmt --${kind} --template ${build}/${file} -d ${build}/../translations
+    execute_process(COMMAND ${msgfmt} --${kind} --template ${build}/${file} -d ${build}/../translations
                                    -o ${build}/translated/${name}
                     COMMAND_ERROR_IS_FATAL ANY)
     file(INSTALL ${build}/translated/${name} DESTINATION ${share}/${destination})

@@ -4,8 +4,8 @@
 # The Debian 12 packages for each kind of work, beyond the base system.
 declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev qt6-positioning-dev qt6-tools-dev qt6-tools-dev-tools
-             qt6-l10n-tools qt6-translations-l10n gettext"
-    [packages]="build-essential debhelper librsvg2-bin appstream shared-mime-info"
+             qt6-l10n-tools qt6-translations-l10n gettext librsvg2-bin"
+    [packages]="build-essential debhelper appstream shared-mime-info"
     # A virtual desktop, and programs to type, click and take pictures on it.
     [desktop]="xvfb x11-utils xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core
                python3 python3-gi gir1.2-atspi-2.0 locales util-linux"
