@@ -5,7 +5,7 @@
 declare -A packages=(
     [build]="g++ cmake ninja-build qt6-base-dev qt6-positioning-dev qt6-tools-dev qt6-tools-dev-tools
              qt6-l10n-tools qt6-translations-l10n gettext librsvg2-bin"
-    [packages]="build-essential debhelper appstream shared-mime-info"
+    [packages]="build-essential debhelper appstream shared-mime-info tzdata"
     # A virtual desktop, and programs to type, click and take pictures on it.
     [desktop]="xvfb x11-utils xauth openbox xdotool imagemagick fonts-dejavu-core dbus at-spi2-core
                python3 python3-gi gir1.2-atspi-2.0 locales util-linux"
