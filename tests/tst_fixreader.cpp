@@ -138,8 +138,7 @@ void tst_FixReader::texts()
         QCOMPARE(_lines(_read({text.first(i), text.sliced(i)})), fixes);
 }
 
-// A sentence is at most a kilobyte long. Unfinished text and fixes without a date are kept only up
-// to a limit.
+// A sentence is at most a kilobyte long. Fixes without a date are kept only up to a limit.
 void tst_FixReader::limits()
 {
     const QByteArray gll = "GPGLL,5545.1234,N,03737.0500,E,120108,A";
@@ -153,9 +152,6 @@ void tst_FixReader::limits()
         reader.slot_Data(
             nmeaSentence("GPGLL,5545.1234,N,03737.0500,E," + QByteArray::number(i % 60) + ",A"));
     QCOMPARE(fixes.size(), cFixReader::MAX_WAITING);
-    reader.slot_Data("$");
-    for (int i = 0; i < 300'000; ++i)
-        reader.slot_Data("$$GPGGA,12345678901234567890\r\n");
 }
 
 // Exactly the positions that a receiver has sent are found.
