@@ -176,3 +176,10 @@ void cTrackCursor::next()
     if (m_startsSegment)
         m_distance = 0;
 }
+
+void cTrackCursor::nextSegment()
+{
+    do
+        next();
+    while (!m_atEnd && !m_startsSegment);
+}

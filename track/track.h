@@ -69,10 +69,12 @@ private:
     mutable cFixStore m_store; // reading moves the position in its file
 };
 
-// Walks through a finished track, starting at its first fix. A copy continues from the same fix.
-// The track must outlive the cursor.
+// Walks through a finished track, starting at its first fix. The track must outlive the cursor.
 class cTrackCursor
 {
+    // A copy would duplicate the fixes that are in memory.
+    Q_DISABLE_COPY_MOVE(cTrackCursor)
+
 public:
     explicit cTrackCursor(const cTrack &track);
 
@@ -85,6 +87,8 @@ public:
     // Metres from the previous fix; 0 at the start of a segment.
     double distance() const { return m_distance; }
     void next();
+    // Goes to the first fix of the next segment, or to the end.
+    void nextSegment();
 
 private:
     struct HEAD_T {

@@ -27,10 +27,10 @@ std::pair<FIX_T, FIX_T> _cut(const FIX_T &from, const FIX_T &to)
     return {west, east};
 }
 
-// Calls position(fix, startsLine) for each position of a segment, cuts included. Returns a cursor
-// at the next segment.
+// Calls position(fix, startsLine) for each position of a segment, cuts included, and goes to the
+// next segment.
 template <typename F>
-cTrackCursor _walk(cTrackCursor at, F &&position)
+void _walk(cTrackCursor &at, F &&position)
 {
     FIX_T before = at.fix();
     position(before, true);
@@ -43,7 +43,6 @@ cTrackCursor _walk(cTrackCursor at, F &&position)
         before = at.fix();
         position(before, false);
     }
-    return at;
 }
 } // namespace
 
@@ -53,24 +52,26 @@ bool cTrackGeoJson::write(const cTrack &track, const QString &title)
     const QByteArray name =
         QJsonDocument(QJsonArray{title}).toJson(QJsonDocument::Compact).chopped(1).sliced(1);
     QByteArray between = R"({"type":"FeatureCollection","features":[)";
-    for (cTrackCursor at(track); !at.atEnd();) {
+    // The size of a segment comes before its times, and these before its places.
+    for (cTrackCursor counts(track), times(track), places(track); !counts.atEnd();) {
         Q_EMIT signal_Data(between + "\n{\"type\":\"Feature\",\"properties\":{\"name\":" + name);
-        _feature(at);
+        _feature(counts, times, places);
         between = ",";
     }
     Q_EMIT signal_Data("\n]}\n");
     return true;
 }
 
-void cTrackGeoJson::_feature(cTrackCursor &at)
+void cTrackGeoJson::_feature(cTrackCursor &counts, cTrackCursor &times, cTrackCursor &places)
 {
+    const bool isDated = counts.fix().clock == FIX_CLOCK::FULL;
     qint64 positions = 0, lines = 0;
-    const cTrackCursor next = _walk(at, [&](const FIX_T &, bool startsLine) {
+    _walk(counts, [&](const FIX_T &, bool startsLine) {
         ++positions;
         lines += startsLine;
     });
     const QByteArray open = lines > 1 ? "[\n" : "\n", close = lines > 1 ? "]" : "";
-    const auto list = [&](auto &&text) {
+    const auto list = [&](cTrackCursor &at, auto &&text) {
         QByteArray between = open;
         _walk(at, [&](const FIX_T &fix, bool startsLine) {
             if (startsLine && between != open)
@@ -80,20 +81,21 @@ void cTrackGeoJson::_feature(cTrackCursor &at)
         });
         Q_EMIT signal_Data(close);
     };
-    if (at.fix().clock == FIX_CLOCK::FULL) {
+    if (isDated) {
         Q_EMIT signal_Data(R"(,"coordTimes":[)");
-        list([](const FIX_T &fix) { return '"' + timeText(fix.time) + '"'; });
+        list(times, [](const FIX_T &fix) { return '"' + timeText(fix.time) + '"'; });
         Q_EMIT signal_Data("]");
+    } else {
+        times.nextSegment();
     }
     Q_EMIT signal_Data(R"(},"geometry":{"type":")" +
                        QByteArray(positions == 1 ? "Point"
                                   : lines == 1   ? "LineString"
                                                  : "MultiLineString") +
                        R"(","coordinates":)" + (positions == 1 ? "" : "["));
-    list([](const FIX_T &fix) {
+    list(places, [](const FIX_T &fix) {
         return '[' + degrees(fix.lon) + ',' + degrees(fix.lat) +
                (std::isnan(fix.altitude) ? QByteArray() : ',' + number(fix.altitude)) + ']';
     });
     Q_EMIT signal_Data(positions == 1 ? "}}" : "]}}");
-    at = next;
 }

@@ -17,7 +17,7 @@ public:
     bool write(const cTrack &track, const QString &title) override;
 
 private:
-    void _feature(cTrackCursor &at);
+    void _feature(cTrackCursor &counts, cTrackCursor &times, cTrackCursor &places);
 };
 
 #endif

@@ -17,39 +17,41 @@ bool cTrackKml::write(const cTrack &track, const QString &title)
     element(u"width"_s, "4");
     xml().writeEndElement();
     xml().writeEndElement();
-    for (cTrackCursor at(track); !at.atEnd();) {
+    // The times of a segment come before its places.
+    for (cTrackCursor at(track), places(track); !at.atEnd();) {
         xml().writeCharacters(u"\n"_s);
         xml().writeStartElement(u"Placemark"_s);
         name(title);
         element(u"styleUrl"_s, "#track");
-        if (at.fix().clock == FIX_CLOCK::FULL)
-            _track(at);
-        else
+        if (at.fix().clock == FIX_CLOCK::FULL) {
+            _track(at, places);
+        } else {
             _line(at);
+            places.nextSegment();
+        }
         xml().writeEndElement();
     }
     return end();
 }
 
-void cTrackKml::_track(cTrackCursor &at)
+void cTrackKml::_track(cTrackCursor &times, cTrackCursor &places)
 {
-    cTrackCursor again = at;
     xml().writeStartElement(u"gx:Track"_s);
     do {
         xml().writeCharacters(u"\n"_s);
-        element(u"when"_s, timeText(at.fix().time));
+        element(u"when"_s, timeText(times.fix().time));
         send();
-        at.next();
-    } while (!at.atEnd() && !at.startsSegment());
+        times.next();
+    } while (!times.atEnd() && !times.startsSegment());
     do {
-        const FIX_T &fix = again.fix();
+        const FIX_T &fix = places.fix();
         // A gx:coord always has three numbers. Tracks follow the ground whatever the third one is.
         xml().writeCharacters(u"\n"_s);
         element(u"gx:coord"_s, degrees(fix.lon) + ' ' + degrees(fix.lat) + ' ' +
                                    (std::isnan(fix.altitude) ? "0" : number(fix.altitude)));
         send();
-        again.next();
-    } while (!again.atEnd() && !again.startsSegment());
+        places.next();
+    } while (!places.atEnd() && !places.startsSegment());
     xml().writeEndElement();
 }
 

@@ -14,7 +14,7 @@ public:
     bool write(const cTrack &track, const QString &title) override;
 
 private:
-    void _track(cTrackCursor &at);
+    void _track(cTrackCursor &times, cTrackCursor &places);
     void _line(cTrackCursor &at);
 };
 
