@@ -25,12 +25,13 @@ struct FIX_T {
     double lon = 0;            // decimal degrees, east positive
     double altitude = qQNaN(); // metres above mean sea level; not-a-number if not sent
     double speed = qQNaN();    // metres per second; not-a-number if not sent
-    double course = qQNaN();   // degrees from true north; not-a-number if not sent
+    double course = qQNaN();   // degrees from true north, 0 to 360; not-a-number if not sent
     double hdop = qQNaN();     // horizontal dilution of precision; not-a-number if not sent
     qint32 satellites = -1;    // used for the position; -1 if not sent
     // Numbers the fixes with the same time, starting at 0. Some receivers send five positions a
     // second with times in whole seconds.
     quint32 repeat = 0;
+    quint32 text = 0; // numbers the receiver texts that a cFixReader has read, starting at 0
     FIX_CLOCK clock = FIX_CLOCK::NONE;
     FIX_KIND kind = FIX_KIND::UNKNOWN;
 };

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <functional>
 #include <numeric>
+#include <utility>
 
 // Qt lets only subclasses read single sentences.
 class cNmeaLibrary : public QNmeaPositionInfoSource
@@ -33,6 +34,9 @@ constexpr int MAX_YEAR = 9999;
 // Some receivers change the date a few seconds after midnight.
 constexpr int MAX_OLD_DATE = 10 * MS_PER_SECOND;
 constexpr qint64 JULIAN_DAY_OF_1970 = 2440588;
+// No altitude in metres, speed in metres per second or HDOP has a larger absolute value.
+constexpr double MAX_VALUE = 1e9;
+constexpr double FULL_TURN = 360;
 
 // Converts digits to a number. Returns a negative number for anything else.
 int _number(QByteArrayView digits)
@@ -81,10 +85,10 @@ bool _isValid(QByteArrayView status)
     return status == "A" || status == "D"; // D was once the mark of a differential fix
 }
 
-// Stores a value unless one is already known or the new one is not finite.
-void _fill(double &known, double value)
+// Stores a value unless one is already known or the new one cannot be true.
+void _fill(double &known, double value, double min = 0, double max = MAX_VALUE)
 {
-    if (std::isnan(known) && std::isfinite(value))
+    if (std::isnan(known) && value >= min && value <= max)
         known = value;
 }
 
@@ -122,6 +126,7 @@ void cFixReader::finish()
         _close(instant);
     m_open.clear();
     _settle(m_guess);
+    ++m_text;
     m_offset.reset();
     m_guess.reset();
     m_lastTime.reset();
@@ -268,7 +273,7 @@ void cFixReader::_move(INSTANT_T &instant, const QGeoPositionInfo &info)
     if (info.hasAttribute(QGeoPositionInfo::GroundSpeed))
         _fill(instant.fix.speed, info.attribute(QGeoPositionInfo::GroundSpeed));
     if (info.hasAttribute(QGeoPositionInfo::Direction))
-        _fill(instant.fix.course, info.attribute(QGeoPositionInfo::Direction));
+        _fill(instant.fix.course, info.attribute(QGeoPositionInfo::Direction), 0, FULL_TURN);
 }
 
 void cFixReader::_rmc()
@@ -315,7 +320,7 @@ void cFixReader::_gga()
     if (fix.satellites < 0)
         fix.satellites = _number(_field(7));
     _fill(fix.hdop, _real(_field(8)));
-    _fill(fix.altitude, _real(_field(9)));
+    _fill(fix.altitude, _real(_field(9)), -MAX_VALUE);
 }
 
 void cFixReader::_gll()
@@ -329,7 +334,16 @@ void cFixReader::_vtg()
 {
     if (m_open.isEmpty() || _field(9) == "N")
         return;
-    _move(m_open.last(), _ask({"GPVTG", _field(1), "", "", "", "", "", _field(7)}));
+    // Most receivers have sent both values in an RMC.
+    INSTANT_T &instant = m_open.last();
+    const auto unknown = [this](double known, size_t i) {
+        return std::isnan(known) ? _field(i) : QByteArrayView();
+    };
+    const QByteArrayView course = unknown(instant.fix.course, 1);
+    const QByteArrayView knots = unknown(instant.fix.speed, 5);
+    const QByteArrayView kmh = unknown(instant.fix.speed, 7);
+    _move(instant, kmh.isEmpty() ? _ask({"GPRMC", "", "", "", "", "", "", knots, course})
+                                 : _ask({"GPVTG", course, "", "", "", "", "", kmh}));
 }
 
 void cFixReader::_zda()
@@ -375,6 +389,7 @@ qint64 cFixReader::_count(int time)
 void cFixReader::_close(INSTANT_T &instant)
 {
     FIX_T &fix = instant.fix;
+    fix.text = m_text;
     const qint64 before = m_lastTime.value_or(0);
     if (instant.time == NO_TIME) {
         fix.time = before;

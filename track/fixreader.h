@@ -5,7 +5,6 @@
 #include "track/sentencesplitter.h"
 
 #include <QByteArray>
-#include <QGeoCoordinate>
 #include <QGeoPositionInfo>
 #include <QList>
 #include <QObject>
@@ -24,7 +23,7 @@ class cNmeaLibrary;
 // decimals is used, or the first of these if there are several. A second position with the same
 // time from the same kind of sentence is a separate fix (FIX_T::repeat). A sentence that the
 // receiver marks invalid (status V, quality 0, no position) makes no fix, and neither does a
-// position of exactly 0, 0.
+// position of exactly 0, 0. Other values that cannot be true are ignored.
 //
 // The date comes from an RMC or ZDA of the same instant. Without one, it is carried forward from
 // the previous fix, across midnight. Fixes before the first date wait for it and are dated
@@ -116,6 +115,7 @@ private:
     std::optional<qint64> m_undated;  // the latest fix without a date, counted that way
     qint64 m_base = 0;                // added to the times of fixes without a date
     quint32 m_timeless = 0;           // fixes without a time
+    quint32 m_text = 0;               // number of the current text
     qint64 m_fixes = 0;
 };
 

@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -17,8 +19,10 @@ void cFixStore::append(const QList<FIX_T> &fixes)
         m_fixes += fixes;
     } else {
         // Unbuffered, because a buffer reports errors late and without a reason.
-        if (!m_file.isOpen() &&
-            !static_cast<QIODevice &>(m_file).open(QIODevice::ReadWrite | QIODevice::Unbuffered))
+        const bool isOpen =
+            m_file.isOpen() ||
+            static_cast<QIODevice &>(m_file).open(QIODevice::ReadWrite | QIODevice::Unbuffered);
+        if (!isOpen || !m_file.seek((m_size - m_fixes.size()) * FIX_SIZE))
             _fail();
         _write(std::exchange(m_fixes, {}));
         _write(fixes);
@@ -32,8 +36,10 @@ void cFixStore::_write(const QList<FIX_T> &fixes)
     // On a full disk, the first write may be a short one. Only the next one returns the reason.
     for (qint64 left = fixes.size() * FIX_SIZE; left > 0 && m_error.isEmpty();) {
         const qint64 n = m_file.write(data, left);
-        if (n <= 0)
+        if (n <= 0) {
             _fail();
+            return;
+        }
         data += n;
         left -= n;
     }

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <functional>
 #include <numeric>
+#include <utility>
 
 namespace
 {
@@ -82,6 +83,8 @@ const char *cSentenceSplitter::_take(const char *p, const char *end)
     if (m_state == STATE_CHECKSUM) {
         const int digit = _hexDigit(*p);
         if (digit < 0) {
+            if (m_digits == 0 && (*p == '\r' || *p == '\n'))
+                _endWithLine();
             m_state = STATE_SKIP;
             return p;
         }

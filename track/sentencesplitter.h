@@ -10,12 +10,12 @@
 // Finds the NMEA 0183 sentences in the text of a GPS receiver.
 //
 // The text may arrive in chunks cut anywhere. A sentence needs a correct checksum. If a talker
-// sends no checksums, its sentences are accepted without one when the line ends. After a talker's
-// first correct checksum, its sentences without one are rejected. A dollar sign always starts a new
-// sentence, so a truncated sentence does not affect the next one. Zero bytes are skipped, because
-// recorders fill blocks with them. A sentence with any other byte outside printable ASCII is
-// discarded, and so is one longer than one kilobyte. Time is linear in the length of the text, and
-// memory does not grow with it.
+// sends no checksums, its sentences are accepted without one when the line ends, with or without an
+// asterisk. After a talker's first correct checksum, its sentences without one are rejected. A
+// dollar sign always starts a new sentence, so a truncated sentence does not affect the next one.
+// Zero bytes are skipped, because recorders fill blocks with them. A sentence with any other byte
+// outside printable ASCII is discarded, and so is one longer than one kilobyte. Time is linear in
+// the length of the text, and memory does not grow with it.
 class cSentenceSplitter : public QObject
 {
     Q_OBJECT

@@ -17,9 +17,10 @@ constexpr qsizetype READ_AHEAD = 64;
 constexpr double MAX_SPEED = 1000;
 
 // Metres. Two fixes of one instant are the same if they are closer than this. Their positions may
-// differ because overlapping archives can lack different sentences. If they are further apart, the
-// receiver's clock was set back.
-constexpr double SAME_PLACE = 10;
+// differ because overlapping archives can lack different sentences, or because a sentence was late.
+// If they are further apart, the receiver's clock was set back.
+constexpr double SAME_PLACE_IN_OTHER_TEXT = 10;
+constexpr double SAME_PLACE = 1;
 
 auto _order(const FIX_T &fix)
 {
@@ -34,7 +35,7 @@ double _distance(const FIX_T &a, const FIX_T &b)
 bool _isSame(const FIX_T &a, const FIX_T &b)
 {
     return a.time == b.time && a.clock == b.clock && a.repeat == b.repeat &&
-           _distance(a, b) < SAME_PLACE;
+           _distance(a, b) < (a.text == b.text ? SAME_PLACE : SAME_PLACE_IN_OTHER_TEXT);
 }
 
 bool _isEarlier(const FIX_T &a, const FIX_T &b)

@@ -47,6 +47,8 @@ class Track(Case):
                 "three": sentence(fixes % (0, "456")) + sentence(fixes % (1, "45")) + gprmc(9, 1, 2),
                 "gn": b"".join(sentence("GN" + (fixes % (i, "4"))[2:]) for i in range(3)),
                 "lost": gprmc(1, 10, 20) + gprmc(2, 0, 0), "zero": gprmc(1, 0, 0),
+                # A clock that is set back by five seconds while somebody walks.
+                "back": b"".join(gprmc(t - t // 7 * 5, 10 + t / 1e5, 20) for t in range(1, 13)),
                 "parked": gprmc(1, 10, 20) + gpgga(2, 10, 20)}.items():
             self.write(name + ".vrk3", bytes(5000) if data is None else
                        data if data.startswith(b"\xb5") else archive(data, ""))
