@@ -7,6 +7,7 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <cstring>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -14,10 +15,30 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr size_t EXPECTED_DECIMALS = 4;
+constexpr qsizetype NAME_LENGTH = 6; // of a sentence, with the dollar sign
 // If there are points, missing fixes are reported only if there are at least two, and more than one
 // in this many points. The window waits for a GPRMC, so the first fix is often missing, which is
 // not worth a warning.
 constexpr qint64 MIN_PART = 100;
+
+// Returns true if the block contains a sentence that may have a position but that the window skips:
+// one of another talker than GP, or one after a zero byte.
+bool _isSkippedInPart(QByteArrayView block)
+{
+    const char *const zero = block.data() + qstrnlen(block.data(), size_t(block.size()));
+    const char *p = block.begin();
+    while ((p = static_cast<const char *>(std::memchr(p, '$', size_t(block.end() - p))))) {
+        if (block.end() - p < NAME_LENGTH)
+            return false;
+        if (!(p[1] == 'G' && p[2] == 'P' && p < zero)) {
+            const QByteArrayView kind(p + 3, 3);
+            if (kind == "RMC" || kind == "GGA" || kind == "GNS")
+                return true;
+        }
+        ++p;
+    }
+    return false;
+}
 
 // Returns true if an element with this title, between open and close, is not plain text. Markup
 // in the title begins with mark. It is searched for because Qt's time to read an element grows with
@@ -52,7 +73,7 @@ void cReadingCheck::slot_Data(const HDR_T &hdr)
 void cReadingCheck::slot_Data(const QByteArray &a)
 {
     m_hasText = true;
-    if (m_stats.located() == m_located)
+    if (m_stats.located() == m_located || _isSkippedInPart(a))
         Q_EMIT signal_Data(a);
     m_located = m_stats.located();
 }

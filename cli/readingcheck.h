@@ -37,8 +37,8 @@ public Q_SLOTS:
     void slot_Data(const FIX_T &fix);
 
 Q_SIGNALS:
-    // A block of the GPS stream in which the decoder found no point with a position. Valid only
-    // during the call.
+    // A block of the GPS stream in which the decoder found no point with a position, or in which it
+    // skipped a sentence that may have one. Valid only during the call.
     void signal_Data(const QByteArray &a);
 
 private:
