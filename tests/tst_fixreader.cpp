@@ -148,10 +148,10 @@ void tst_FixReader::limits()
     QList<FIX_T> fixes;
     cFixReader reader;
     QObject::connect(&reader, &cFixReader::signal_Data, [&](const FIX_T &fix) { fixes += fix; });
-    for (qsizetype i = 0; i < cFixReader::MAX_WAITING + 10; ++i)
+    for (qsizetype i = 0; i < cFixDater::MAX_WAITING + 10; ++i)
         reader.slot_Data(
             nmeaSentence("GPGLL,5545.1234,N,03737.0500,E," + QByteArray::number(i % 60) + ",A"));
-    QCOMPARE(fixes.size(), cFixReader::MAX_WAITING);
+    QCOMPARE(fixes.size(), cFixDater::MAX_WAITING);
 }
 
 // Exactly the positions that a receiver has sent are found.

@@ -5,7 +5,6 @@
 #include <QNmeaPositionInfoSource>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <functional>
 #include <numeric>
@@ -26,13 +25,9 @@ constexpr qsizetype MAX_OPEN = 4;
 // Number of sentence names whose positions an instant remembers. Repeats under other names are not
 // recognized.
 constexpr qsizetype MAX_POSITIONS = 16;
-// A time of day that steps back by less than this is late; otherwise a new day has begun.
-constexpr qint64 MAX_BACKWARD = MS_PER_HOUR;
 // Two-digit years from here on are in the 20th century.
 constexpr int FIRST_YEAR = 80;
 constexpr int MAX_YEAR = 9999;
-// Some receivers change the date a few seconds after midnight.
-constexpr int MAX_OLD_DATE = 10 * MS_PER_SECOND;
 constexpr qint64 JULIAN_DAY_OF_1970 = 2440588;
 // No altitude in metres, speed in metres per second or HDOP has a larger absolute value.
 constexpr double MAX_VALUE = 1e9;
@@ -110,6 +105,7 @@ cFixReader::cFixReader(QObject *parent)
     : QObject(parent), m_library(std::make_unique<cNmeaLibrary>())
 {
     connect(&m_splitter, SIGNAL(signal_Data(QByteArray)), SLOT(_slot_Sentence(QByteArray)));
+    connect(&m_dater, SIGNAL(signal_Data(FIX_T)), SIGNAL(signal_Data(FIX_T)));
 }
 
 cFixReader::~cFixReader() = default;
@@ -122,17 +118,10 @@ void cFixReader::slot_Data(const QByteArray &a)
 void cFixReader::finish()
 {
     m_splitter.finish();
-    for (INSTANT_T &instant : m_open)
+    for (const INSTANT_T &instant : std::as_const(m_open))
         _close(instant);
     m_open.clear();
-    _settle(m_guess);
-    ++m_text;
-    m_offset.reset();
-    m_guess.reset();
-    m_lastTime.reset();
-    if (m_undated)
-        m_base += (*m_undated / MS_PER_DAY + 1) * MS_PER_DAY;
-    m_undated.reset();
+    m_dater.finish();
 }
 
 void cFixReader::_slot_Sentence(const QByteArray &sentence)
@@ -216,10 +205,8 @@ cFixReader::INSTANT_T *cFixReader::_find(int time)
 
 cFixReader::INSTANT_T &cFixReader::_open(int time)
 {
-    if (m_open.size() == MAX_OPEN) {
-        INSTANT_T oldest = m_open.takeFirst();
-        _close(oldest);
-    }
+    if (m_open.size() == MAX_OPEN)
+        _close(m_open.takeFirst());
     m_open.append(INSTANT_T());
     m_open.last().time = time;
     return m_open.last();
@@ -376,59 +363,13 @@ void cFixReader::_enterDay(int time, const std::optional<qint64> &day)
         instant->day = day;
 }
 
-// Converts a time of day to milliseconds since midnight of the first day, following the last time.
-qint64 cFixReader::_count(int time)
+// Passes an instant on if it has a position or a date.
+void cFixReader::_close(const INSTANT_T &instant)
 {
-    const qint64 earliest = m_lastTime ? *m_lastTime - MAX_BACKWARD : 0;
-    const std::chrono::milliseconds toGo(earliest - time);
-    m_lastTime = std::chrono::ceil<std::chrono::days>(toGo).count() * MS_PER_DAY + time;
-    return *m_lastTime;
-}
-
-// Dates the fix of an instant, if it has one, and emits it or makes it wait for a date.
-void cFixReader::_close(INSTANT_T &instant)
-{
-    FIX_T &fix = instant.fix;
-    fix.text = m_text;
-    const qint64 before = m_lastTime.value_or(0);
-    if (instant.time == NO_TIME) {
-        fix.time = before;
-        fix.repeat = m_timeless++;
-    } else {
-        fix.time = _count(instant.time);
-        fix.clock = FIX_CLOCK::TIME_OF_DAY;
-    }
-    if (instant.day) {
-        const qint64 offset = *instant.day * MS_PER_DAY + instant.time - fix.time;
-        const bool isOld = m_offset == offset + MS_PER_DAY && instant.time < MAX_OLD_DATE &&
-                           fix.time - before < MAX_OLD_DATE;
-        if (instant.located && !isOld) {
-            m_offset = offset;
-            _settle(offset);
-        } else if (!instant.located) {
-            m_guess = offset;
-        }
-    }
-    if (!instant.located)
-        return;
-    m_waiting.append(fix);
-    if (m_offset)
-        _settle(m_offset);
-    else if (m_waiting.size() == MAX_WAITING)
-        _settle(m_guess);
-}
-
-// Emits the waiting fixes with their dates, or without if there is no offset.
-void cFixReader::_settle(const std::optional<qint64> &offset)
-{
-    const QList<FIX_T> fixes = std::exchange(m_waiting, {});
-    for (FIX_T fix : fixes) {
-        if (!offset)
-            m_undated = qMax(m_undated.value_or(0), fix.time);
-        else if (fix.clock == FIX_CLOCK::TIME_OF_DAY)
-            fix.clock = FIX_CLOCK::FULL;
-        fix.time += offset.value_or(m_base);
-        ++m_fixes;
-        Q_EMIT signal_Data(fix);
-    }
+    const auto time =
+        instant.time == NO_TIME ? std::optional<int>() : std::optional<int>(instant.time);
+    if (instant.located)
+        m_dater.addFix(instant.fix, time, instant.day);
+    else if (time && instant.day)
+        m_dater.addDate(*time, *instant.day);
 }

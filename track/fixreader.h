@@ -2,6 +2,7 @@
 #define FIXREADER_H
 
 #include "track/fix.h"
+#include "track/fixdater.h"
 #include "track/sentencesplitter.h"
 
 #include <QByteArray>
@@ -25,22 +26,15 @@ class cNmeaLibrary;
 // receiver marks invalid (status V, quality 0, no position) makes no fix, and neither does a
 // position of exactly 0, 0. Other values that cannot be true are ignored.
 //
-// The date comes from an RMC or ZDA of the same instant. Without one, it is carried forward from
-// the previous fix, across midnight. Fixes before the first date wait for it and are dated
-// backwards from it. If none comes, the last date that the receiver sent without a position is
-// used. If there is none either, the fixes are emitted without a date.
+// The date comes from an RMC or ZDA of the same instant. cFixDater dates fixes without one.
 //
 // Fixes are emitted in the order of the text, which is not always chronological. The text may
-// arrive in chunks cut anywhere. No input is an error. Memory is bounded: at most MAX_WAITING fixes
-// wait for a date. When there are that many, they are emitted as they would be at the end of the
-// text.
+// arrive in chunks cut anywhere. No input is an error. Memory is bounded.
 class cFixReader : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr qsizetype MAX_WAITING = 100'000; // more than a day at one per second
-
     explicit cFixReader(QObject *parent = nullptr);
     ~cFixReader() override;
 
@@ -50,7 +44,7 @@ public:
     void finish();
 
     const cSentenceSplitter &sentences() const { return m_splitter; }
-    qint64 fixes() const { return m_fixes; } // emitted so far
+    qint64 fixes() const { return m_dater.fixes(); } // emitted so far
 
 public Q_SLOTS:
     // A chunk of receiver text, which need not outlive the call. May emit any number of fixes.
@@ -95,9 +89,7 @@ private:
     void _zda();
     void _gsa();
     void _enterDay(int time, const std::optional<qint64> &day);
-    qint64 _count(int time);
-    void _close(INSTANT_T &instant);
-    void _settle(const std::optional<qint64> &offset);
+    void _close(const INSTANT_T &instant);
 
     cSentenceSplitter m_splitter;
     std::unique_ptr<cNmeaLibrary> m_library;
@@ -105,18 +97,7 @@ private:
     std::array<QByteArrayView, FIELDS_READ> m_fields; // of the current sentence, its name included
     size_t m_fieldCount = 0;
     QList<INSTANT_T> m_open; // instants that still accept sentences, the newest last
-    QList<FIX_T> m_waiting;  // for a date
-    // Times are first counted from midnight of the first day of the text. These offsets convert
-    // them to calendar times: the first by the last date that came with a position, the second by
-    // the last one that did not.
-    std::optional<qint64> m_offset;
-    std::optional<qint64> m_guess;
-    std::optional<qint64> m_lastTime; // counted that way
-    std::optional<qint64> m_undated;  // the latest fix without a date, counted that way
-    qint64 m_base = 0;                // added to the times of fixes without a date
-    quint32 m_timeless = 0;           // fixes without a time
-    quint32 m_text = 0;               // number of the current text
-    qint64 m_fixes = 0;
+    cFixDater m_dater;
 };
 
 #endif

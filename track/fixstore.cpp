@@ -19,9 +19,8 @@ void cFixStore::append(const QList<FIX_T> &fixes)
         m_fixes += fixes;
     } else {
         // Unbuffered, because a buffer reports errors late and without a reason.
-        const bool isOpen =
-            m_file.isOpen() ||
-            static_cast<QIODevice &>(m_file).open(QIODevice::ReadWrite | QIODevice::Unbuffered);
+        const bool isOpen = m_file.isOpen() || static_cast<QIODevice &>(m_file).open(
+                                                   QIODevice::ReadWrite | QIODevice::Unbuffered);
         if (!isOpen || !m_file.seek((m_size - m_fixes.size()) * FIX_SIZE))
             _fail();
         _write(std::exchange(m_fixes, {}));
