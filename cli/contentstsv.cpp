@@ -4,6 +4,8 @@
 #include "cli/messages.h"
 #include "cli/summary.h"
 
+#include <QLocale>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -26,9 +28,11 @@ QString contentsTsv(const cContents &contents)
     const auto time = [](const std::optional<qint64> &value) {
         return value ? QString::fromLatin1(timeText(*value)) : QString();
     };
-    const QString seconds = track.first && track.last
-                                ? QString::number((*track.last - *track.first) / MS_PER_SECOND)
-                                : QString();
+    const QString seconds =
+        track.first && track.last
+            ? QString::number(double(*track.last - *track.first) / MS_PER_SECOND, 'g',
+                              QLocale::FloatingPointShortest)
+            : QString();
     const cHeaderText title = contents.titles().value(0);
     const ACCOUNT_T &account = contents.account();
     return _line({printable(contents.archive()), printable(title.shown()), time(track.first),

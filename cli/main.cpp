@@ -15,12 +15,15 @@
 #include <cstdio>
 #include <new>
 #include <numeric>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 using commands = QList<cCommand *>;
+
+const QString HELP = u"help"_s;
 
 void _showHelp(const commands &all)
 {
@@ -63,15 +66,21 @@ qsizetype _distance(const QString &from, const QString &to)
 // archive.
 QString _suggestion(const commands &all, const QString &word)
 {
-    constexpr qsizetype similar = 2; // letters
-    const cCommand *best = nullptr;
-    for (const cCommand *command : all) {
-        const bool isStart = command->name().startsWith(word, Qt::CaseInsensitive);
-        if (isStart || (!best && _distance(word.toLower(), command->name()) <= similar))
-            best = command;
+    QStringList names = {HELP};
+    for (const cCommand *command : all)
+        names.append(command->name());
+    QString best;
+    qsizetype least = 3; // as many letters are too different
+    for (const QString &name : std::as_const(names)) {
+        const bool isStart = name.startsWith(word, Qt::CaseInsensitive);
+        const qsizetype distance = isStart ? 0 : _distance(word.toLower(), name);
+        if (distance < least) {
+            least = distance;
+            best = name;
+        }
     }
-    if (best)
-        return u"did you mean vrk3 %1?"_s.arg(best->name());
+    if (!best.isEmpty())
+        return u"did you mean vrk3 %1?"_s.arg(best);
     if (word.endsWith(".vrk3"_L1, Qt::CaseInsensitive))
         return u"did you mean vrk3 %1 %2?"_s.arg(all.constFirst()->name(), word);
     return u"see vrk3 --help"_s;
@@ -98,9 +107,10 @@ int _run(const QStringList &arguments)
         complain(u"no command given; see vrk3 --help"_s);
         return EXIT_WRONG_USE;
     }
-    if (QStringList{u"-h"_s, u"--help"_s, u"help"_s}.contains(first)) {
+    const QStringList help = {u"-h"_s, u"--help"_s, HELP};
+    if (help.contains(first)) {
         const QString topic = arguments.value(2);
-        if (first != "help"_L1 || topic.isEmpty()) {
+        if (first != HELP || topic.isEmpty() || help.contains(topic)) {
             _showHelp(all);
             return EXIT_DONE;
         }

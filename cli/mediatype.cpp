@@ -8,16 +8,15 @@ namespace
 // access unit delimiter. Every H.264 stream begins like this.
 bool _isH264(const QByteArray &start)
 {
-    constexpr int typeMask = 0x9F; // with the bit that is always 0
-    constexpr int parameterSet = 7;
-    constexpr int delimiter = 9;
-    const qsizetype code = start.startsWith({"\0\0\0\1", 4}) ? 4
-                           : start.startsWith({"\0\0\1", 3}) ? 3
-                                                             : start.size();
-    if (code >= start.size())
+    const qsizetype code = start.startsWith({"\0\0\0", 3}) ? 4 : 3;
+    if (code >= start.size() || !start.first(code).endsWith({"\0\0\1", 3}))
         return false;
-    const int type = static_cast<unsigned char>(start.at(code)) & typeMask;
-    return type == parameterSet || type == delimiter;
+    const char head = start.at(code);
+    // A parameter set is a reference for other units, so it has a priority of 1 to 3.
+    if (head == 0x27 || head == 0x47 || head == 0x67)
+        return true;
+    // A delimiter ends with a one and four zeros.
+    return head == 9 && code + 1 < start.size() && (start.at(code + 1) & 0x1F) == 0x10;
 }
 
 // Returns true if the bytes begin with three packets of an MPEG transport stream.

@@ -250,7 +250,7 @@ class Documents(Case):
                 self.assertTrue(option in manual and option in zsh and f"-l {option[2:]} " in fish, option)
         for name in ("a.vrk3", "B.VRK3", "c.txt", "d/e.vrk3"):
             self.write(name, b"")
-        for line, offered in (("vrk3 info ", "B.VRK3 a.vrk3 d"), ("vrk3 convert --to = k", "kml"),
+        for line, offered in (("vrk3 info ", "B.VRK3 a.vrk3 d"), ("vrk3 info -- --", ""), ("vrk3 convert --to = k", "kml"),
                               ("vrk3 convert --to =", "gpx kml plt raw"), ("vrk3 plot --folder = ", "d")):
             self.assertEqual(" ".join(self.complete(*line.split(" "))), offered)
         result = subprocess.run(["man", "--warnings", "-Tutf8", "-Z", "-l", f"{SOURCE}/cli/vrk3.1"],
