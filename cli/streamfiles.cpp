@@ -4,9 +4,32 @@
 #include "cli/messages.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+constexpr size_t COLUMNS = 9; // of the index
+
+// Returns a line of the index. With QByteArray::number, an index of empty blocks takes eight times
+// as long.
+QByteArray _line(std::initializer_list<qint64> columns)
+{
+    constexpr size_t maxDigits = std::numeric_limits<qint64>::digits10 + 2; // with a sign
+    std::array<char, COLUMNS *(maxDigits + 1)> text;
+    char *end = text.data();
+    for (const qint64 column : columns) {
+        end = std::to_chars(end, text.end(), column).ptr;
+        *end++ = ',';
+    }
+    end[-1] = '\n';
+    return {text.data(), end - text.data()};
+}
+} // namespace
 
 cStreamFiles::cStreamFiles(const STREAM_CHOICE_T &choice, OPEN_T open,
                            std::shared_ptr<cOutputFile> index, const cFeed &feed,
@@ -50,14 +73,9 @@ void cStreamFiles::slot_Data(const DATA_T &d)
         return;
     FILE_T &file = m_files[d.streamId];
     if (m_index) {
-        const std::initializer_list<qint64> columns = {
-            file.size, d.size,     m_feed.offset(m_parser.blockOffset()),
-            d.extWord, d.extByte1, d.extByte2,
-            m_groups,  d.streamId, d.stream.type};
-        QByteArray line;
-        for (const qint64 column : columns)
-            line += (line.isEmpty() ? "" : ",") + QByteArray::number(column);
-        m_index->slot_Data(line + '\n');
+        m_index->slot_Data(
+            _line({file.size, d.size, m_feed.offset(m_parser.blockOffset()), d.extWord, d.extByte1,
+                   d.extByte2, m_groups, d.streamId, d.stream.type}));
         m_hasError = m_hasError || !m_index->error().isEmpty();
     }
     ++m_blocks;
