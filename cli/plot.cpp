@@ -47,12 +47,11 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
     const QByteArray svg = cTrackPicture(source.track(), source.title()).svg();
     if (svg.isEmpty())
         return {u"the picture cannot be written as XML"_s};
-    const TRACK_SUMMARY_T summary = summarize(source.track());
-    // Walking through a long track reads a temporary file, which may fail.
+    // The picture also walks through the track.
     if (!source.track().error().isEmpty())
         return {source.track().error()};
     output->slot_Data(svg);
     output->finish();
-    result.summary = trackSummary(summary, output->name());
+    result.summary = trackSummary(source.summary(), output->name());
     return result;
 }

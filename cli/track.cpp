@@ -7,7 +7,6 @@
 #include "track/trackgeojson.h"
 #include "track/trackgpx.h"
 #include "track/trackkml.h"
-#include "track/tracksummary.h"
 
 #include <QDateTime>
 #include <QRegularExpression>
@@ -217,12 +216,11 @@ RESULT_T cTrackCommand::_write(cTrackSource &source,
                      SLOT(slot_Data(QByteArray)));
     if (!writer->write(source.track(), source.title()))
         return {u"the track cannot be written as XML"_s};
-    const TRACK_SUMMARY_T summary = summarize(source.track());
-    // Walking through a long track reads a temporary file, which may fail.
+    // The writer also walks through the track.
     if (!source.track().error().isEmpty())
         return {source.track().error()};
     output->finish();
     result.files = {output};
-    result.summary = trackSummary(summary, output->name());
+    result.summary = trackSummary(source.summary(), output->name());
     return result;
 }

@@ -34,7 +34,9 @@ QString cTrackSource::read(const ARCHIVE_T &archive, cProgress &progress)
 QString cTrackSource::finish()
 {
     m_track.finish();
-    if (!m_track.error().isEmpty() || !cTrackCursor(m_track).atEnd())
+    m_summary = summarize(m_track);
+    // Walking through a long track reads a temporary file, which may fail.
+    if (!m_track.error().isEmpty() || m_summary.fixes > 0)
         return m_track.error();
     if (m_textBytes == 0)
         return u"it contains no GPS data"_s;

@@ -7,6 +7,7 @@
 #include "gps/gpsraw.h"
 #include "track/fixreader.h"
 #include "track/track.h"
+#include "track/tracksummary.h"
 
 #include <QObject>
 #include <QString>
@@ -27,8 +28,11 @@ public:
     // Adds an archive. Returns an error message, empty on success.
     QString read(const ARCHIVE_T &archive, cProgress &progress);
 
-    // Call this once after the last archive. Returns why the track has no fix; empty if it has one.
+    // Call this once after the last archive. Returns why the track cannot be used: it has no fix,
+    // or its fixes cannot be read. Empty on success.
     QString finish();
+    // Figures about the track. Valid only if finish() has succeeded.
+    const TRACK_SUMMARY_T &summary() const { return m_summary; }
 
     // Returns the first title that is not empty. If there is none, returns the file name of the
     // first archive without its extension, or "Track" for standard input.
@@ -42,6 +46,7 @@ private:
     cGpsRaw m_raw;
     cFixReader m_reader;
     cTrack m_track;
+    TRACK_SUMMARY_T m_summary;
     qint64 m_textBytes = 0;
     cHeaderText m_title;
     QString m_name;
