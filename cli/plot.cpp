@@ -44,12 +44,13 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
         result.failure = source.finish();
     if (!result.failure.isEmpty())
         return result;
-    const QByteArray svg = cTrackPicture(source.track(), source.title()).svg();
-    if (svg.isEmpty())
-        return {u"the picture cannot be written as XML"_s};
-    // The picture also walks through the track.
+    const cTrackPicture picture(source.track(), source.summary(), source.title());
+    // The picture also walks through the track, which may fail.
     if (!source.track().error().isEmpty())
         return {source.track().error()};
+    const QByteArray svg = picture.svg();
+    if (svg.isEmpty())
+        return {u"the picture cannot be written as XML"_s};
     output->slot_Data(svg);
     output->finish();
     result.summary = trackSummary(source.summary(), output->name());

@@ -164,8 +164,8 @@ void _drawNorth(QXmlStreamWriter &svg, QPointF at)
 
 } // namespace
 
-cTrackPicture::cTrackPicture(const cTrack &track, QString title)
-    : m_title(std::move(title)), m_summary(summarize(track))
+cTrackPicture::cTrackPicture(const cTrack &track, TRACK_SUMMARY_T summary, QString title)
+    : m_title(std::move(title)), m_summary(std::move(summary))
 {
     for (cTrackCursor at(track); !at.atEnd(); at.next()) {
         m_last = at.fix();
@@ -324,6 +324,8 @@ void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view) const
 
 QByteArray cTrackPicture::svg() const
 {
+    if (m_points.isEmpty())
+        return {};
     const VIEW_T view = _view();
     const QRectF panel =
         view.area.adjusted(-PANEL_PADDING, -PANEL_PADDING, PANEL_PADDING, PANEL_PADDING);

@@ -14,10 +14,12 @@
 class cTrackPicture
 {
 public:
-    // The track must be finished and have at least one fix. It need not outlive the call.
-    cTrackPicture(const cTrack &track, QString title);
+    // The track must be finished, and the summary must be that of the track. The track need not
+    // outlive the call. Check its error() afterwards.
+    cTrackPicture(const cTrack &track, TRACK_SUMMARY_T summary, QString title);
 
-    // Returns the picture, or an empty array if a text cannot be written as XML.
+    // Returns the picture. Returns an empty array if no fix could be read, or if a text cannot be
+    // written as XML.
     QByteArray svg() const;
 
 private:

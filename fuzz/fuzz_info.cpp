@@ -56,8 +56,8 @@ void _checkPlot(const QString &file)
     cTrackSource source;
     if (!source.read({file}, progress).isEmpty() || !source.finish().isEmpty())
         return;
-    const QByteArray svg = cTrackPicture(source.track(), source.title()).svg();
-    require(svg.size() <= MAX_FRAME_SIZE + MAX_POINT_SIZE * summarize(source.track()).fixes,
+    const QByteArray svg = cTrackPicture(source.track(), source.summary(), source.title()).svg();
+    require(svg.size() <= MAX_FRAME_SIZE + MAX_POINT_SIZE * source.summary().fixes,
             "the picture has a limit");
     QXmlStreamReader xml(svg);
     while (!xml.atEnd())

@@ -142,6 +142,17 @@ class Machine(Case):
                 before = ["strace", "-qqfo/dev/null", "-einject=" + inject, *(["-P", self.path(path)] if path else [])]
                 found = self.vrk3("convert", "-yqo", output, "long.vrk3", before=before)
                 self.assertEqual(found, (1, b"", f"vrk3: long.vrk3: {reason}\n") if reason else (0, b"", ""))
+        # A long track is in a temporary file, which is read after the end of the archive.
+        self.vrk3("plot", "-o", "/dev/null", "long.vrk3", before=["strace", "-qqo", self.path("log"), "-etrace=read"])
+        reads = self.read("log").splitlines()
+        first = max(n for n, line in enumerate(reads, 2) if line.endswith(b" = 0"))
+        for command, n in itertools.product(("plot", "track"), (first, first + 500, (first + len(reads)) // 2 + 1)):
+            with self.subTest(command, n=n):
+                before = ["strace", "-qqfo/dev/null", f"-einject=read:error=EIO:when={n}+"]
+                status, _, errors = self.vrk3(command, "-yo", "x", "long.vrk3", before=before)
+                self.assertEqual(status, 1)
+                self.assertRegex(errors, f"^vrk3: long.vrk3: the temporary file in .*: {io}\n$")
+        self.path("log").unlink()
         self.assertEqual(self.files(), ["eintr.gpx", "long.vrk3", "new.gpx", "old.gpx"])
         # With threads, a descriptor that is closed twice may be that of another file.
         before = ["strace", "-qqfZo", self.path("twice"), "-etrace=close"]
