@@ -21,16 +21,13 @@ constexpr qsizetype BUFFER_SIZE = 65536;
 constexpr mode_t PERMISSIONS = 0666;
 constexpr mode_t PERMISSION_BITS = 0777;
 
-// The only way to read the mask is to set it, and threads share it, so it is read only once.
-mode_t _newFileMode()
-{
-    static const mode_t mask = [] {
-        const mode_t old = ::umask(0);
-        ::umask(old);
-        return old;
-    }();
+// The only way to read the mask is to set it, and threads share it, so it is read before main. A
+// thread that creates a folder at that moment would create it without a mask.
+const mode_t NEW_FILE_MODE = [] {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
     return PERMISSIONS & ~mask;
-}
+}();
 
 // Returns the file that a name refers to. Follows symbolic links, even to a file that does not
 // exist.
@@ -86,7 +83,7 @@ void cOutputFile::_openTemporary(const struct stat *old)
             return;
         m_mode = old->st_mode & PERMISSION_BITS;
     } else {
-        m_mode = _newFileMode();
+        m_mode = NEW_FILE_MODE;
     }
     m_file.setFileTemplate(QFileInfo(m_path).dir().filePath(u".vrk3-XXXXXX"_s));
     if (m_file.open())
