@@ -36,8 +36,9 @@ QString _names(const QList<std::shared_ptr<cOutputFile>> &files)
     for (const auto &file : files.mid(0, files.size() > maxListed ? 1 : maxListed))
         names.append(displayName(file->name(), u"standard output"_s));
     const QString listed = names.join(u", "_s);
-    return files.size() > maxListed ? u"%1 and %2 more"_s.arg(listed).arg(files.size() - 1)
-                                    : listed;
+    return files.size() > maxListed
+               ? u"%1 and %2 more"_s.arg(listed, QString::number(files.size() - 1))
+               : listed;
 }
 } // namespace
 

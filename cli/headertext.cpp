@@ -36,5 +36,5 @@ bool cHeaderText::isCut() const
 
 QString cHeaderText::shown() const
 {
-    return isCut() ? u"%1\u2026 (%2 bytes)"_s.arg(start()).arg(m_size) : start();
+    return isCut() ? u"%1\u2026 (%2 bytes)"_s.arg(start(), QString::number(m_size)) : start();
 }

@@ -49,9 +49,9 @@ class Extract(Case):
         self.write("a.vrk3", header("", [(i, 2, "", "", "") for i in range(7)]) + index() +
                    b"".join(block(i, start) for i, start in enumerate(starts)))
         self.write("a.3.h264", b"old")
-        self.path("d").mkdir()
+        self.path("d%1").mkdir()
         self.assertTranscript("extract.txt")
-        self.assertEqual(self.files(), sorted(["a.vrk3", "a.3.h264", "b", "i.csv", *(f"d/a.{name}" for name in (
+        self.assertEqual(self.files(), sorted(["a.vrk3", "a.3.h264", "b", "i.csv", *(f"d%1/a.{name}" for name in (
             "0.jpg", "1.png", "2.wav", "3.h264", "4.mpg", "5.bin", "6.bin"))]))
 
     def test_header_from(self):

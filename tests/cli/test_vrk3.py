@@ -24,7 +24,7 @@ class Outputs(Case):
         far = archive(gprmc(0, 10, 20) + gprmc(9, 19, 20) + gprmc(40, 19, -179) + gprmc(41, -2, 20), title)
         parked = archive(gprmc(1, 51.5, -0.1) + gprmc(9, 51.500002, -0.1), "")
         for name, data in (("everything", everything()), ("far", far), ("parked", parked),
-                           ("nogps", archive(b"x", stream=7))):
+                           ("nogps", archive(b"x", "100%1 " + "x" * 300, stream=7))):
             self.write(name + ".vrk3", data)
         self.assertTranscript("outputs.txt")
         for name in [n for n in self.files() if not n.endswith(".vrk3")]:
