@@ -55,10 +55,10 @@ cOutputFile::cOutputFile(QString name, EXISTING_T existing, const QSet<FILEID_T>
         m_fd = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
     else if (isFile && existing == EXISTING_SKIP)
         m_skipped = true;
-    else if (isFile && existing == EXISTING_FAIL)
-        _fail(u"it already exists (use --overwrite to replace it)"_s);
     else if (!exists && errno == ELOOP)
         _failBySystem();
+    else if (existing != EXISTING_REPLACE && (isFile || (!exists && QFileInfo(m_name).isSymLink())))
+        _fail(u"it already exists (use --overwrite to replace it)"_s);
     else if (!exists || isFile)
         _openTemporary(exists ? &old : nullptr);
     else

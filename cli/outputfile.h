@@ -23,7 +23,8 @@ class cOutputFile : public QObject
     Q_OBJECT
 
 public:
-    // Opens the output; "-" is standard output. `existing` applies only to regular files. A file in
+    // Opens the output; "-" is standard output. `existing` applies only to regular files. A link to
+    // a file that does not exist is an error unless `existing` is EXISTING_REPLACE. A file in
     // `inputs` is always an error.
     cOutputFile(QString name, EXISTING_T existing, const QSet<FILEID_T> &inputs);
     // Discards the output if it was not committed.

@@ -63,6 +63,8 @@ class Attacks(Case):
                 ("info -- -qmljsdebugger=x", "vrk3: -qmljsdebugger=x: No such file or directory\n1\n"),
                 ("convert -yq b.vrk3 - <a.vrk3 2>&1 >b.gpx",
                  "vrk3: b.vrk3: cannot write b.gpx: another archive has the same output\n1\n"),
+                ("convert -o dangling b.vrk3",
+                 "vrk3: b.vrk3: cannot write dangling: it already exists (use --overwrite to replace it)\n1\n"),
                 ("convert -yo dangling b.vrk3", f"{b}dangling\n0\n")):
             limit, _, command = script.rpartition("; ")
             with self.subTest(script):
