@@ -266,8 +266,8 @@ void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T result)
     }
 }
 
-// Publishes the files of a result under their names: all of them, or none if one has an error.
-// Returns an error message, empty on success.
+// Publishes the files of a result under their names, after all of them have been written to the
+// disk: if one cannot be written, none is published. Returns an error message, empty on success.
 QString cCommand::_commit(const RESULT_T &result)
 {
     for (const bool publish : {false, true}) {

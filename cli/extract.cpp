@@ -13,6 +13,7 @@ namespace
 {
 const QString STREAM = u"stream"_s;
 const QString INDEX = u"index"_s;
+const QString SAME_OUTPUT = u"--index and the stream have the same output"_s;
 
 // Reads "ID" or "ID:TYPE". Returns false if it is neither.
 bool _readChoice(const QString &text, STREAM_CHOICE_T &choice)
@@ -84,8 +85,8 @@ QString cExtract::readOptions(const QCommandLineParser &parser)
     if (parser.isSet(INDEX) && all.size() > 1)
         return u"--index works with a single archive"_s;
     const bool hasFixedName = m_targets.isFileSet() || readsStandardInput;
-    if (hasFixedName && m_index == m_targets.nameFor(all.constFirst(), {}))
-        return u"--index and the stream have the same output"_s;
+    if (hasFixedName && isSameOutput(m_index, m_targets.nameFor(all.constFirst(), {})))
+        return SAME_OUTPUT;
     return {};
 }
 
@@ -113,6 +114,11 @@ RESULT_T cExtract::process(const ARCHIVE_T &archive, cProgress &progress) const
             result.failure = streams.finish();
     }
     result.files = streams.files();
+    const auto hasItsName = [&](const auto &file) {
+        return file != index && isSameOutput(file->name(), m_index);
+    };
+    if (index && std::any_of(result.files.cbegin(), result.files.cend(), hasItsName))
+        result.failure = SAME_OUTPUT;
     if (!result.failure.isEmpty() || streams.isDone())
         return result;
     QStringList parts = {counted(streams.blocks(), "block"), counted(streams.bytes(), "byte"),

@@ -42,6 +42,19 @@ QString _followLinks(const QString &name)
 }
 } // namespace
 
+bool isSameOutput(const QString &a, const QString &b)
+{
+    struct stat statusA = {};
+    struct stat statusB = {};
+    if (fileStatus(a, STDOUT_FILENO, statusA) && fileStatus(b, STDOUT_FILENO, statusB))
+        return fileId(statusA) == fileId(statusB);
+    if (a == STANDARD_STREAM || b == STANDARD_STREAM)
+        return a == b;
+    const QFileInfo fileA(_followLinks(a));
+    const QFileInfo fileB(_followLinks(b));
+    return fileA.fileName() == fileB.fileName() && fileA.dir() == fileB.dir();
+}
+
 cOutputFile::cOutputFile(QString name, EXISTING_T existing, const QSet<FILEID_T> &inputs)
     : m_name(std::move(name)), m_path(m_name), m_existing(existing), m_file(this)
 {

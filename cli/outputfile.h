@@ -9,6 +9,9 @@
 // What to do if an output's file exists.
 enum EXISTING_T { EXISTING_FAIL, EXISTING_REPLACE, EXISTING_SKIP };
 
+// Returns true if two names of outputs mean the same one. Neither needs to exist.
+bool isSameOutput(const QString &a, const QString &b);
+
 // The sink of a chain: the complete output appears under its name, or nothing does.
 //
 // Bytes are written to an unnamed file in the output's folder (or to a hidden one if the file

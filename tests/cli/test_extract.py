@@ -50,9 +50,10 @@ class Extract(Case):
                    b"".join(block(i, start) for i, start in enumerate(starts)))
         self.write("a.3.h264", b"old")
         self.path("d%1").mkdir()
+        self.path("link").symlink_to("d%1/../new")
         self.assertTranscript("extract.txt")
-        self.assertEqual(self.files(), sorted(["a.vrk3", "a.3.h264", "b", "i.csv", *(f"d%1/a.{name}" for name in (
-            "0.jpg", "1.png", "2.wav", "3.h264", "4.mpg", "5.bin", "6.bin"))]))
+        self.assertEqual(self.files(), sorted(["a.vrk3", "a.3.h264", "b", "i.csv", "link", *(
+            f"d%1/a.{name}" for name in ("0.jpg", "1.png", "2.wav", "3.h264", "4.mpg", "5.bin", "6.bin"))]))
 
     def test_header_from(self):
         """The rest of an archive loses no sentence that is whole in it, and offsets are those in the rest."""
