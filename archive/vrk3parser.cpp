@@ -17,9 +17,10 @@ ACCOUNT_T cVrk3Parser::account() const
     return account;
 }
 
-void cVrk3Parser::deliverOnly(quint8 id, quint8 type)
+void cVrk3Parser::deliverOnly(int id, int type)
 {
-    m_only = id << 8 | type;
+    m_onlyId = id;
+    m_onlyType = type;
 }
 
 void cVrk3Parser::slot_Data(const QByteArray &a)
@@ -120,7 +121,8 @@ void cVrk3Parser::_parseHDRIDXBLOCK()
         m_state = STATE_IDX;
         return;
     }
-    const bool isDelivered = m_only < 0 || m_only == (id << 8 | type);
+    const bool isDelivered =
+        (m_onlyId < 0 || m_onlyId == id) && (m_onlyType < 0 || m_onlyType == type);
     DATA_T &d = isDelivered ? m_block : m_skipped;
     int pos = 0;
     const int size = m_data.get_quint16(pos);

@@ -53,10 +53,10 @@ class cVrk3Parser : public QObject
 public:
     explicit cVrk3Parser(QObject *parent = nullptr);
 
-    // Limits signal_Data(DATA_T) to blocks of the stream with this id and type. The payload of
-    // other streams is then neither copied nor kept; everything else, including the account, stays
-    // the same. Call this before the first byte.
-    void deliverOnly(quint8 id, quint8 type);
+    // Limits signal_Data(DATA_T) to blocks of the stream with this id and type; -1 means any of
+    // them. The payload of other streams is then neither copied nor kept; everything else,
+    // including the account, stays the same. Call this before the first byte.
+    void deliverOnly(int id, int type);
 
     // How many runs of skipped bytes the account lists.
     static constexpr int STRETCH_MAX = 16;
@@ -105,8 +105,9 @@ private:
     qint64 m_blockOffset = 0; // of its first fragment
     // Offset of the most recent first fragment of each stream.
     std::array<qint64, 256> m_firstOffset = {};
-    // The stream to deliver, as id << 8 | type, -1 for all of them.
-    int m_only = -1;
+    // The id and the type of the stream to deliver; -1 means any.
+    int m_onlyId = -1;
+    int m_onlyType = -1;
     // The current or last block of another stream. Its payload is always empty.
     DATA_T m_skipped;
     int m_skippedHead = 0;    // size of its head

@@ -102,8 +102,7 @@ RESULT_T cExtract::process(const ARCHIVE_T &archive, cProgress &progress) const
     if (!m_index.isEmpty())
         index = m_targets.openFile(m_index, inputs());
     cVrk3Parser parser;
-    if (m_choice.id >= 0 && m_choice.type >= 0)
-        parser.deliverOnly(quint8(m_choice.id), quint8(m_choice.type));
+    parser.deliverOnly(m_choice.id, m_choice.type);
     cStreamFiles streams(m_choice, open, index, feed, parser);
     feed.run(parser, progress, [&] { return streams.isDone(); });
 

@@ -54,12 +54,11 @@ constexpr int WHOLE = 0;
 
 // Feeds an input in random chunks of up to `longest` bytes. Returns a line for each signal and one
 // for the account.
-QByteArrayList _parse(const QByteArray &input, int longest, bool gpsOnly = false)
+QByteArrayList _parse(const QByteArray &input, int longest, int id = -1, int type = -1)
 {
     QByteArrayList lines;
     cVrk3Parser parser;
-    if (gpsOnly)
-        parser.deliverOnly(253, 4);
+    parser.deliverOnly(id, type);
     const auto add = [&](const auto &record) { lines += _line(record); };
     QObject::connect(&parser, qOverload<const HDR_T &>(&cVrk3Parser::signal_Data), add);
     QObject::connect(&parser, qOverload<const IDX_T &>(&cVrk3Parser::signal_Data), add);
@@ -162,13 +161,17 @@ void _compare(const QByteArray &input, const QByteArray &where)
     QByteArrayList expected = _plain(input);
     QVERIFY2(records.takeLast().startsWith(expected.takeLast() + ','), where);
     QVERIFY2(records == expected, where);
-    QByteArrayList gps = whole;
-    gps.removeIf([](const QByteArray &line) {
-        return line.startsWith("DATA ") && !line.startsWith("DATA 253,253,4,");
-    });
+    const auto only = [&](const QByteArray &stream) {
+        QByteArrayList lines = whole;
+        lines.removeIf([&](const QByteArray &line) {
+            return line.startsWith("DATA ") && !line.startsWith("DATA " + stream);
+        });
+        return lines;
+    };
     for (const int longest : {WHOLE, input.size() < 5000 ? 1 : 2000, 90'000}) {
         QVERIFY2(_parse(input, longest) == whole, where);
-        QVERIFY2(_parse(input, longest, true) == gps, where);
+        QVERIFY2(_parse(input, longest, 253, 4) == only("253,253,4,"), where);
+        QVERIFY2(_parse(input, longest, 2) == only("2,2,"), where);
     }
 }
 
@@ -290,7 +293,7 @@ void tst_Vrk3Parser::records()
     w.block(7, "type 3 is unknown");
     w.block(253, "out of step");
     QCOMPARE(_parse(unfinished + "\5", 1).last(), "0,25,63,26,24,0,36,11,1,2,4,1 0,5 68,20");
-    QCOMPARE(_parse(w.take(), WHOLE, true).last(),
+    QCOMPARE(_parse(w.take(), WHOLE, 253, 4).last(),
              "0,58,63,26,24,0,36,11,3,3,4,1 0,5 68,20 185,33");
 }
 
