@@ -13,7 +13,6 @@
 #include <future>
 #include <new>
 #include <optional>
-#include <semaphore>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
@@ -30,8 +29,14 @@ const QString QUIET = u"quiet"_s;
 const QString RECURSIVE = u"recursive"_s;
 
 constexpr int MAX_JOBS = 256;
-// How many results may wait for that of an earlier archive. Each may hold a file open.
+// No archive is begun while the results that wait for that of an earlier archive hold this many
+// files open. A result without files counts as one, because its output takes memory.
 constexpr qsizetype MAX_WAITING = 64;
+
+qsizetype _waitingFiles(const RESULT_T &result)
+{
+    return qMax<qsizetype>(1, result.files.size());
+}
 
 std::optional<FILEID_T> _regularFile(const QString &name)
 {
@@ -172,21 +177,25 @@ void cCommand::_runParallel(cProgress &progress)
     const qsizetype count = m_archives.size();
     std::vector<std::promise<RESULT_T>> results{size_t(count)};
     std::atomic<qsizetype> next = 0;
-    std::counting_semaphore<> room(m_jobs + MAX_WAITING);
+    std::atomic<qsizetype> waiting = 0; // files
     const auto work = [&] {
         for (;;) {
-            room.acquire();
+            for (qsizetype n = waiting; n >= MAX_WAITING && next < count; n = waiting)
+                waiting.wait(n);
             const qsizetype i = next++;
             if (i >= count)
                 return;
             cProgress none(1, false);
-            results[size_t(i)].set_value(_process(m_archives.at(i), none));
+            RESULT_T result = _process(m_archives.at(i), none);
+            waiting += _waitingFiles(result);
+            results[size_t(i)].set_value(std::move(result));
         }
     };
     std::vector<std::jthread> threads;
     const auto stop = qScopeGuard([&] {
         next = count;
-        room.release(m_jobs);
+        waiting = 0;
+        waiting.notify_all();
     });
     // QThreadPool would wait forever for a thread that cannot be created.
     try {
@@ -202,9 +211,11 @@ void cCommand::_runParallel(cProgress &progress)
         }
         progress.begin(i + 1, m_archives.at(i).name);
         RESULT_T result = results[size_t(i)].get_future().get();
+        const qsizetype files = _waitingFiles(result);
         progress.clear();
         _conclude(m_archives.at(i), std::move(result));
-        room.release();
+        waiting -= files;
+        waiting.notify_all();
     }
 }
 

@@ -14,7 +14,8 @@ import termios
 import time
 
 import jsonschema
-from support import (Case, ENVIRONMENT, GOOD, LONG, SOURCE, archive, everything, gprmc, not_sanitized, unittest)
+from support import (Case, ENVIRONMENT, GOOD, LONG, SOURCE, archive, everything, gprmc, header, index, not_sanitized,
+                     unittest)
 
 
 
@@ -96,6 +97,19 @@ class Many(Case):
         self.assertEqual(self.read("out/b.gpx"), self.read("out/s/b.gpx"))
         self.assertTranscript("again.txt")
         self.assertEqual({name: self.path(name).stat().st_mtime_ns for name in self.files()}, times)
+
+    def test_open_files(self):
+        """The results that wait for a slow archive do not use up the open files."""
+        data = header("", [(i, 2, "", "", "") for i in range(30)]) + index()
+        names = [f"{i}.vrk3" for i in range(10)]
+        for name in names[1:]:
+            self.write(name, data)
+        os.mkfifo(self.path(names[0]))
+        with self.start("extract", "--stream", "all", "-qj2", *names, before=["prlimit", "--nofile=200"]) as process:
+            time.sleep(1)
+            self.path(names[0]).write_bytes(data)
+            errors = process.communicate()[1]
+        self.assertEqual((process.returncode, errors), (0, b""))
 
     def test_interrupted(self):
         for i in range(30):
