@@ -133,6 +133,10 @@ int main(int argc, char *argv[])
     raiseFileLimit();
     catchInterrupts();
     setTimeZone();
+    if (!canOpenFile()) {
+        complain(qt_error_string());
+        return EXIT_SOME_FAILED;
+    }
 
     // Under a locale that is not UTF-8, Qt switches to UTF-8 and warns at every start. Scripts and
     // cron jobs often have such locales, and standard error is for one line per file.

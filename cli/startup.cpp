@@ -61,6 +61,12 @@ void raiseFileLimit()
     }
 }
 
+bool canOpenFile()
+{
+    const int fd = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0);
+    return fd >= 0 && ::close(fd) == 0;
+}
+
 void setTimeZone()
 {
     if (!qEnvironmentVariableIsSet("TZ"))

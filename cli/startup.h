@@ -19,6 +19,10 @@ void setSignals();
 // of a few archives with many streams.
 void raiseFileLimit();
 
+// Returns false and sets errno if the limit on open files is used up. QCoreApplication would then
+// abort. Call this after everything else that keeps a file open.
+bool canOpenFile();
+
 // Sets the environment variable TZ to the system's time zone unless it is set. The zone remains the
 // same, but the C library no longer checks at each conversion whether it has changed, which takes
 // longer than the conversion itself.

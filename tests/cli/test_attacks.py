@@ -55,6 +55,7 @@ class Attacks(Case):
                 ("convert -o- b.vrk3 2>&1 >&-", "vrk3: b.vrk3: cannot write standard output: Bad file descriptor\n1\n"),
                 ("-f 8; convert a.vrk3 b.vrk3", f"vrk3: a.vrk3: cannot write a.gpx: File too large\n{b}b.gpx\n1\n"),
                 ("-f 8; track a.vrk3", "vrk3: a.vrk3: the temporary file in /tmp: File too large\n1\n"),
+                ("-n 5; info b.vrk3", "vrk3: Too many open files\n1\n"),
                 ("-v 80000; convert endless.vrk3", "vrk3: endless.vrk3: out of memory\n1\n"),
                 ("-v 60000; convert -qj9 endless.vrk3 b.vrk3", "vrk3: endless.vrk3: out of memory\n1\n"),
                 ("convert -o $'\\xff' a", "vrk3: convert: '\ufffd' is not valid UTF-8; see vrk3 convert --help\n2\n"),
