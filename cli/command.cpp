@@ -12,7 +12,6 @@
 #include <cstdio>
 #include <future>
 #include <new>
-#include <optional>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
@@ -36,14 +35,6 @@ constexpr qsizetype MAX_WAITING = 64;
 qsizetype _waitingFiles(const RESULT_T &result)
 {
     return qMax<qsizetype>(1, result.files.size());
-}
-
-std::optional<FILEID_T> _regularFile(const QString &name)
-{
-    struct stat status = {};
-    if (name == STANDARD_STREAM || !fileStatus(name, -1, status) || !S_ISREG(status.st_mode))
-        return {};
-    return fileId(status);
 }
 } // namespace
 
@@ -126,17 +117,15 @@ QString cCommand::_readCommonOptions(const QCommandLineParser &parser)
         return u"standard input can be read only once"_s;
     // The output for standard input goes to standard output, which may be redirected to the file of
     // another archive.
-    struct stat out = {};
-    if (arguments.contains(STANDARD_STREAM) && fileStatus(STANDARD_STREAM, STDOUT_FILENO, out) &&
-        S_ISREG(out.st_mode))
-        m_outputs.insert(fileId(out));
+    if (const auto id = regularFile(STANDARD_STREAM, STDOUT_FILENO);
+        id && arguments.contains(STANDARD_STREAM))
+        m_outputs.insert(*id);
     m_quiet = parser.isSet(QUIET);
     m_archives = findArchives(arguments, parser.isSet(RECURSIVE));
     const QString good = parser.value(HEADER_FROM);
     const auto protect = [this](const QString &input) {
-        struct stat status = {};
-        if (fileStatus(input, STDIN_FILENO, status) && S_ISREG(status.st_mode))
-            m_inputs.insert(fileId(status));
+        if (const auto id = regularFile(input, STDIN_FILENO))
+            m_inputs.insert(*id);
     };
     for (ARCHIVE_T &archive : m_archives) {
         if (!archive.name.isValidUtf16())
@@ -284,7 +273,7 @@ QString cCommand::_commit(const RESULT_T &result)
     for (const bool publish : {false, true}) {
         for (const auto &file : result.files) {
             QString reason;
-            if (const auto id = _regularFile(file->name()); id && m_outputs.contains(*id))
+            if (const auto id = regularFile(file->name(), -1); id && m_outputs.contains(*id))
                 reason = u"another archive has the same output"_s;
             else if (!(publish ? file->commit() : file->finish()))
                 reason = file->error();
@@ -292,7 +281,7 @@ QString cCommand::_commit(const RESULT_T &result)
                 const QString name = displayName(file->name(), u"standard output"_s);
                 return u"cannot write %1: %2"_s.arg(name, reason);
             }
-            if (const auto id = _regularFile(file->name()); id && publish)
+            if (const auto id = regularFile(file->name(), -1); id && publish)
                 m_outputs.insert(*id);
         }
     }

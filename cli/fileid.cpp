@@ -26,3 +26,11 @@ bool fileStatus(const QString &name, int standardStream, struct stat &status)
     }
     return ::stat(QFile::encodeName(name).constData(), &status) == 0;
 }
+
+std::optional<FILEID_T> regularFile(const QString &name, int standardStream)
+{
+    struct stat status = {};
+    if (!fileStatus(name, standardStream, status) || !S_ISREG(status.st_mode))
+        return {};
+    return fileId(status);
+}

@@ -5,6 +5,7 @@
 #include <QSet>
 #include <QString>
 
+#include <optional>
 #include <sys/stat.h>
 
 // The name that means standard input or output.
@@ -27,12 +28,15 @@ inline size_t qHash(const FILEID_T &id, size_t seed = 0)
 }
 
 // Gets the status of the named file, following links, or of the descriptor standardStream if the
-// name is "-". On failure, returns false and sets errno.
+// name is "-". With -1, that name is an error. On failure, returns false and sets errno.
 bool fileStatus(const QString &name, int standardStream, struct stat &status);
 
 inline FILEID_T fileId(const struct stat &status)
 {
     return {status.st_dev, status.st_ino};
 }
+
+// Returns the id of a regular file; empty if fileStatus fails or the file is not a regular one.
+std::optional<FILEID_T> regularFile(const QString &name, int standardStream);
 
 #endif
