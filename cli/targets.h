@@ -1,9 +1,13 @@
 #ifndef TARGETS_H
 #define TARGETS_H
 
-#include "cli/command.h"
+#include "cli/archives.h"
+#include "cli/fileid.h"
+#include "cli/outputfile.h"
 
 #include <QCommandLineParser>
+#include <QList>
+#include <QSet>
 #include <QString>
 
 #include <memory>
