@@ -30,7 +30,8 @@ const mode_t NEW_FILE_MODE = [] {
 }();
 
 // Returns the file that a name refers to. Follows symbolic links, even to a file that does not
-// exist.
+// exist: for such a link, canonicalFilePath returns nothing, weakly_canonical returns the link, and
+// symLinkTarget removes ".." from the text, which is wrong below a link to a folder.
 QString _followLinks(const QString &name)
 {
     constexpr int maxLinks = 40; // the kernel's own limit
