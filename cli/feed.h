@@ -16,7 +16,8 @@ class cFeed
 public:
     explicit cFeed(const ARCHIVE_T &archive);
 
-    // Passes the archive to the parser until its end, or until isDone returns true.
+    // Passes the archive to the parser until its end, or until isDone returns true. Call this only
+    // once.
     void run(
         cVrk3Parser &parser, cProgress &progress,
         const std::function<bool()> &isDone = [] { return false; });

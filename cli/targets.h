@@ -32,7 +32,8 @@ public:
 
     // Opens another output, with the same rules for existing files. Never returns null.
     std::shared_ptr<cOutputFile> openFile(const QString &name, const QSet<FILEID_T> &inputs) const;
-    // Returns the name of the output for an archive.
+    // Returns the name of the output for an archive. For standard input, that is "-" unless -o is
+    // used.
     QString nameFor(const ARCHIVE_T &archive, const QString &extension) const;
 
     // Returns true if -o was used.
