@@ -22,6 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+const QString HELP = u"help"_s;
 const QString HEADER_FROM = u"header-from"_s;
 const QString JOBS = u"jobs"_s;
 const QString QUIET = u"quiet"_s;
@@ -36,20 +37,9 @@ qsizetype _waitingFiles(const RESULT_T &result)
 {
     return qMax<qsizetype>(1, result.files.size());
 }
-} // namespace
 
-cCommand::cCommand(QString name, QString usage, QString summary)
-    : m_name(std::move(name)), m_usage(std::move(usage)), m_summary(std::move(summary))
+void _addCommonOptions(QCommandLineParser &parser)
 {
-}
-
-int cCommand::run(const QStringList &arguments)
-{
-    QCommandLineParser parser;
-    parser.setApplicationDescription(m_summary);
-    const QCommandLineOption help({u"h"_s, u"help"_s}, u"Print this help."_s);
-    parser.addOption(help);
-    addOptions(parser);
     parser.addOption(
         {HEADER_FROM,
          u"If the header of an archive is missing, use that of GOOD, an archive of the "
@@ -62,10 +52,25 @@ int cCommand::run(const QStringList &arguments)
     parser.addOption({{u"q"_s, QUIET}, u"Print only errors and warnings, and show no progress."_s});
     parser.addPositionalArgument(u"ARCHIVE"_s, u"VRK3 archives, or folders with .vrk3 files; - is "
                                                "standard input."_s);
+}
+} // namespace
+
+cCommand::cCommand(QString name, QString usage, QString summary)
+    : m_name(std::move(name)), m_usage(std::move(usage)), m_summary(std::move(summary))
+{
+}
+
+int cCommand::run(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(m_summary);
+    parser.addOption({{u"h"_s, HELP}, u"Print this help."_s});
+    addOptions(parser);
+    _addCommonOptions(parser);
     // The parser expects the program's name first.
     if (!parser.parse(QStringList(m_name) + arguments))
         return _wrongUse(parser.errorText().chopped(1)); // without its full stop
-    if (parser.isSet(help)) {
+    if (parser.isSet(HELP)) {
         _showHelp(parser);
         return EXIT_DONE;
     }
@@ -81,22 +86,25 @@ int cCommand::run(const QStringList &arguments)
     if (!wrong.isEmpty())
         return _wrongUse(wrong);
 
+    cResults results(m_inputs, m_quiet);
+    // The output for standard input goes to standard output, which may be redirected to the file of
+    // another archive.
+    if (const auto id = regularFile(STANDARD_STREAM, STDOUT_FILENO);
+        id && parser.positionalArguments().contains(STANDARD_STREAM))
+        results.protect(*id);
     {
         cProgress progress(m_archives.size(), !m_quiet);
         if (joinsArchives())
-            _runJoined(progress);
+            _runJoined(progress, results);
         else if (m_jobs > 1 && m_archives.size() > 1)
-            _runParallel(progress);
+            _runParallel(progress, results);
         else
             for (qsizetype i = 0; i < m_archives.size() && !isInterrupted(); ++i)
-                _runOne(i, progress);
+                _runOne(i, progress, results);
     }
     if (isInterrupted())
         endInterrupted();
-    _write(after(m_isFirst));
-    if (m_output && !m_output->commit())
-        _fail(u"standard output"_s, m_output->error());
-    return m_status;
+    return results.finish(after(results.isEmpty()));
 }
 
 // Returns an error message, empty on success.
@@ -115,11 +123,6 @@ QString cCommand::_readCommonOptions(const QCommandLineParser &parser)
         return u"no archive given"_s;
     if (arguments.count(STANDARD_STREAM) > 1)
         return u"standard input can be read only once"_s;
-    // The output for standard input goes to standard output, which may be redirected to the file of
-    // another archive.
-    if (const auto id = regularFile(STANDARD_STREAM, STDOUT_FILENO);
-        id && arguments.contains(STANDARD_STREAM))
-        m_outputs.insert(*id);
     m_quiet = parser.isSet(QUIET);
     m_archives = findArchives(arguments, parser.isSet(RECURSIVE));
     const QString good = parser.value(HEADER_FROM);
@@ -151,20 +154,20 @@ QByteArray cCommand::after(bool) const
     return {};
 }
 
-void cCommand::_runOne(qsizetype index, cProgress &progress)
+void cCommand::_runOne(qsizetype index, cProgress &progress, cResults &results) const
 {
     const ARCHIVE_T &archive = m_archives.at(index);
     progress.begin(index + 1, archive.name);
     RESULT_T result = _process(archive, progress);
     progress.clear();
-    _conclude(archive, std::move(result));
+    results.add(archive.name, std::move(result), before(results.isEmpty()));
 }
 
-// Processes the archives on several threads, and concludes them on this thread in their order.
-void cCommand::_runParallel(cProgress &progress)
+// Processes the archives on several threads, and adds their results on this thread in their order.
+void cCommand::_runParallel(cProgress &progress, cResults &results) const
 {
     const qsizetype count = m_archives.size();
-    std::vector<std::promise<RESULT_T>> results{size_t(count)};
+    std::vector<std::promise<RESULT_T>> promises{size_t(count)};
     std::atomic<qsizetype> next = 0;
     std::atomic<qsizetype> waiting = 0; // files
     const auto work = [&] {
@@ -177,7 +180,7 @@ void cCommand::_runParallel(cProgress &progress)
             cProgress none(1, false);
             RESULT_T result = _process(m_archives.at(i), none);
             waiting += _waitingFiles(result);
-            results[size_t(i)].set_value(std::move(result));
+            promises[size_t(i)].set_value(std::move(result));
         }
     };
     std::vector<std::jthread> threads;
@@ -195,20 +198,20 @@ void cCommand::_runParallel(cProgress &progress)
     }
     for (qsizetype i = 0; i < count && !isInterrupted(); ++i) {
         if (threads.empty()) {
-            _runOne(i, progress);
+            _runOne(i, progress, results);
             continue;
         }
         progress.begin(i + 1, m_archives.at(i).name);
-        RESULT_T result = results[size_t(i)].get_future().get();
+        RESULT_T result = promises[size_t(i)].get_future().get();
         const qsizetype files = _waitingFiles(result);
         progress.clear();
-        _conclude(m_archives.at(i), std::move(result));
+        results.add(m_archives.at(i).name, std::move(result), before(results.isEmpty()));
         waiting -= files;
         waiting.notify_all();
     }
 }
 
-void cCommand::_runJoined(cProgress &progress)
+void cCommand::_runJoined(cProgress &progress, cResults &results) const
 {
     QList<ARCHIVE_T> failed;
     RESULT_T result;
@@ -219,8 +222,9 @@ void cCommand::_runJoined(cProgress &progress)
     }
     progress.clear();
     for (const ARCHIVE_T &archive : std::as_const(failed))
-        _fail(displayName(archive.name, u"standard input"_s), archive.failure);
-    _conclude({counted(m_archives.size() - failed.size(), "archive")}, result);
+        results.fail(displayName(archive.name, u"standard input"_s), archive.failure);
+    results.add(counted(m_archives.size() - failed.size(), "archive"), std::move(result),
+                before(results.isEmpty()));
 }
 
 RESULT_T cCommand::processAll(cProgress &, QList<ARCHIVE_T> &) const
@@ -240,68 +244,6 @@ RESULT_T cCommand::_process(const ARCHIVE_T &archive, cProgress &progress) const
     } catch (const std::bad_alloc &) {
         return {u"out of memory"_s};
     }
-}
-
-// Commits and prints the result of an archive. Files that were not committed are gone on return.
-void cCommand::_conclude(const ARCHIVE_T &archive, RESULT_T result)
-{
-    const QString name = displayName(archive.name, u"standard input"_s);
-    if (result.failure.isEmpty())
-        result.failure = _commit(result);
-    for (const QString &warning : std::as_const(result.warnings))
-        complain(u"%1: warning: %2"_s.arg(name, warning));
-    if (!result.failure.isEmpty()) {
-        _fail(name, result.failure);
-        return;
-    }
-    const auto isSkipped = [](const auto &file) { return file->isSkipped(); };
-    if (!result.files.isEmpty() &&
-        std::all_of(result.files.cbegin(), result.files.cend(), isSkipped))
-        result.summary = u"skipped, %1 already exists"_s.arg(result.files.constFirst()->name());
-    if (!result.summary.isEmpty() && !m_quiet)
-        std::fprintf(stderr, "%s\n", qPrintable(printable(name + u": "_s + result.summary)));
-    if (!result.output.isEmpty()) {
-        _write(before(m_isFirst) + result.output);
-        m_isFirst = false;
-    }
-}
-
-// Publishes the files of a result under their names, after all of them have been written to the
-// disk: if one cannot be written, none is published. Returns an error message, empty on success.
-QString cCommand::_commit(const RESULT_T &result)
-{
-    for (const bool publish : {false, true}) {
-        for (const auto &file : result.files) {
-            QString reason;
-            if (const auto id = regularFile(file->name(), -1); id && m_outputs.contains(*id))
-                reason = u"another archive has the same output"_s;
-            else if (!(publish ? file->commit() : file->finish()))
-                reason = file->error();
-            if (!reason.isEmpty()) {
-                const QString name = displayName(file->name(), u"standard output"_s);
-                return u"cannot write %1: %2"_s.arg(name, reason);
-            }
-            if (const auto id = regularFile(file->name(), -1); id && publish)
-                m_outputs.insert(*id);
-        }
-    }
-    return {};
-}
-
-void cCommand::_write(const QByteArray &bytes)
-{
-    if (bytes.isEmpty())
-        return;
-    if (!m_output)
-        m_output = std::make_unique<cOutputFile>(STANDARD_STREAM, EXISTING_FAIL, m_inputs);
-    m_output->slot_Data(bytes);
-    m_output->flush();
-}
-
-void cCommand::_fail(const QString &file, const QString &reason)
-{
-    complain(file + u": "_s + reason);
-    m_status = EXIT_SOME_FAILED;
 }
 
 int cCommand::_wrongUse(const QString &reason) const

@@ -3,28 +3,14 @@
 
 #include "cli/archives.h"
 #include "cli/fileid.h"
-#include "cli/outputfile.h"
 #include "cli/progress.h"
+#include "cli/results.h"
 
 #include <QCommandLineParser>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
-
-#include <memory>
-
-// The exit statuses of the program.
-enum { EXIT_DONE = 0, EXIT_SOME_FAILED = 1, EXIT_WRONG_USE = 2 };
-
-// The result of processing an archive. Nothing has been printed yet, and the files do not have
-// their names yet: cCommand does both, in the order of the archives.
-struct RESULT_T {
-    QString failure{};      // why the archive failed; empty on success
-    QStringList warnings{}; // each a sentence about the archive
-    QString summary{};      // what was done, for people; not used if all files were skipped
-    QByteArray output{};    // for standard output
-    QList<std::shared_ptr<cOutputFile>> files{}; // an error in one fails the archive
-};
 
 // One of the program's commands: reads its options and processes the archives one by one. An
 // archive that fails does not stop the others.
@@ -68,14 +54,10 @@ private:
     QString _readCommonOptions(const QCommandLineParser &parser);
     int _wrongUse(const QString &reason) const;
     void _showHelp(const QCommandLineParser &parser) const;
-    void _runOne(qsizetype index, cProgress &progress);
-    void _runParallel(cProgress &progress);
-    void _runJoined(cProgress &progress);
+    void _runOne(qsizetype index, cProgress &progress, cResults &results) const;
+    void _runParallel(cProgress &progress, cResults &results) const;
+    void _runJoined(cProgress &progress, cResults &results) const;
     RESULT_T _process(const ARCHIVE_T &archive, cProgress &progress) const;
-    void _conclude(const ARCHIVE_T &archive, RESULT_T result);
-    QString _commit(const RESULT_T &result);
-    void _write(const QByteArray &bytes);
-    void _fail(const QString &file, const QString &reason);
 
     QString m_name;
     QString m_usage;
@@ -85,11 +67,6 @@ private:
     cBorrowedHeader m_header;
     QList<ARCHIVE_T> m_archives;
     QSet<FILEID_T> m_inputs;
-
-    QSet<FILEID_T> m_outputs;              // files that this run must not replace
-    std::unique_ptr<cOutputFile> m_output; // standard output; null until the first byte
-    bool m_isFirst = true;
-    int m_status = EXIT_DONE;
 };
 
 #endif

@@ -26,7 +26,7 @@ public:
 
     // Opens the output for an archive. With -d, creates the archive's subfolder in that folder. The
     // extension begins with a dot and is not used if -o names the file. Never returns null. If the
-    // output is not open, return it in RESULT_T::files, and cCommand reports the reason.
+    // output is not open, return it in RESULT_T::files, and cResults reports the reason.
     std::shared_ptr<cOutputFile> open(const ARCHIVE_T &archive, const QString &extension,
                                       const QSet<FILEID_T> &inputs) const;
 
