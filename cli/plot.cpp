@@ -1,6 +1,5 @@
 #include "cli/plot.h"
 
-#include "cli/summary.h"
 #include "cli/trackpicture.h"
 #include "cli/tracksource.h"
 
@@ -32,27 +31,17 @@ QString cPlot::readOptions(const QCommandLineParser &parser)
 
 RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
 {
-    RESULT_T result;
     const auto output = m_targets.open(archive, EXTENSION, inputs());
-    result.files = {output};
     if (!output->isOpen())
-        return result;
-
+        return {.files = {output}};
     cTrackSource source;
-    result.failure = source.read(archive, progress);
-    if (result.failure.isEmpty())
-        result.failure = source.finish();
-    if (!result.failure.isEmpty())
-        return result;
-    const cTrackPicture picture(source.track(), source.summary(), source.title());
-    // The picture also walks through the track, which may fail.
-    if (!source.track().error().isEmpty())
-        return {source.track().error()};
-    const QByteArray svg = picture.svg();
-    if (svg.isEmpty())
-        return {u"the picture cannot be written as XML"_s};
-    output->slot_Data(svg);
-    output->finish();
-    result.summary = trackSummary(source.summary(), output->name());
-    return result;
+    const QString failure = source.read(archive, progress);
+    if (!failure.isEmpty())
+        return {failure};
+    return source.write(output, [&] {
+        const cTrackPicture picture(source.track(), source.summary(), source.title());
+        const QByteArray svg = picture.svg();
+        output->slot_Data(svg);
+        return !svg.isEmpty();
+    });
 }

@@ -1,7 +1,6 @@
 #include "cli/track.h"
 
 #include "cli/interrupt.h"
-#include "cli/summary.h"
 #include "cli/tracksource.h"
 #include "track/trackcsv.h"
 #include "track/trackgeojson.h"
@@ -207,20 +206,8 @@ void cTrackCommand::_setUp(cTrack &track) const
 RESULT_T cTrackCommand::_write(cTrackSource &source,
                                const std::shared_ptr<cOutputFile> &output) const
 {
-    RESULT_T result;
-    result.failure = source.finish();
-    if (!result.failure.isEmpty())
-        return result;
     const std::unique_ptr<cFixWriter> writer = m_format->writer();
     QObject::connect(writer.get(), SIGNAL(signal_Data(QByteArray)), output.get(),
                      SLOT(slot_Data(QByteArray)));
-    if (!writer->write(source.track(), source.title()))
-        return {u"the track cannot be written as XML"_s};
-    // The writer also walks through the track.
-    if (!source.track().error().isEmpty())
-        return {source.track().error()};
-    output->finish();
-    result.files = {output};
-    result.summary = trackSummary(source.summary(), output->name());
-    return result;
+    return source.write(output, [&] { return writer->write(source.track(), source.title()); });
 }

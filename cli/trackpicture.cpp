@@ -175,6 +175,8 @@ cTrackPicture::cTrackPicture(const cTrack &track, TRACK_SUMMARY_T summary, QStri
         m_points.append(
             {m_last.lat, cTrackStats::nearestTurn(m_last.lon, before), at.startsSegment()});
     }
+    if (!track.error().isEmpty())
+        m_points.clear();
 }
 
 QPointF cTrackPicture::VIEW_T::at(double lat, double lon) const

@@ -15,11 +15,11 @@ class cTrackPicture
 {
 public:
     // The track must be finished, and the summary must be that of the track. The track need not
-    // outlive the call. Check its error() afterwards.
+    // outlive the call.
     cTrackPicture(const cTrack &track, TRACK_SUMMARY_T summary, QString title);
 
-    // Returns the picture. Returns an empty array if no fix could be read, or if a text cannot be
-    // written as XML.
+    // Returns the picture. Returns an empty array if the track has no fix or an error, or if a text
+    // cannot be written as XML.
     QByteArray svg() const;
 
 private:

@@ -45,6 +45,22 @@ QString cTrackSource::finish()
     return u"%1, none within --from and --until"_s.arg(countedFixes(m_reader.fixes()));
 }
 
+RESULT_T cTrackSource::write(const std::shared_ptr<cOutputFile> &output,
+                             const std::function<bool()> &write)
+{
+    const QString failure = finish();
+    if (!failure.isEmpty())
+        return {failure};
+    const bool isWritten = write();
+    // Writing walks through the track again.
+    if (!m_track.error().isEmpty())
+        return {m_track.error()};
+    if (!isWritten)
+        return {u"the track cannot be written as XML"_s};
+    output->finish();
+    return {.summary = trackSummary(m_summary, output->name()), .files = {output}};
+}
+
 QString cTrackSource::title() const
 {
     return m_title.size() > 0 ? m_title.start() : m_name;

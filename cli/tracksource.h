@@ -4,6 +4,7 @@
 #include "archive/vrk3format.h"
 #include "cli/archives.h"
 #include "cli/headertext.h"
+#include "cli/results.h"
 #include "gps/gpsraw.h"
 #include "track/fixreader.h"
 #include "track/track.h"
@@ -11,6 +12,9 @@
 
 #include <QObject>
 #include <QString>
+
+#include <functional>
+#include <memory>
 
 class cProgress;
 
@@ -28,11 +32,15 @@ public:
     // Adds an archive. Returns an error message, empty on success.
     QString read(const ARCHIVE_T &archive, cProgress &progress);
 
-    // Call this once after the last archive. Returns why the track cannot be used: it has no fix,
-    // or its fixes cannot be read. Empty on success.
+    // Ends the track. Call this once after the last archive. Returns why the track cannot be used:
+    // it has no fix, or its fixes cannot be read. Empty on success.
     QString finish();
     // Figures about the track. Valid only if finish() has succeeded.
     const TRACK_SUMMARY_T &summary() const { return m_summary; }
+
+    // Finishes the track and calls `write`, which must write it to the output. `write` returns
+    // false if the track cannot be written as XML. Call this once after the last archive.
+    RESULT_T write(const std::shared_ptr<cOutputFile> &output, const std::function<bool()> &write);
 
     // Returns the first title that is not empty. If there is none, returns the file name of the
     // first archive without its extension, or "Track" for standard input.
