@@ -1,6 +1,7 @@
 #include "cli/convert.h"
 
 #include "cli/feed.h"
+#include "cli/formats.h"
 #include "cli/messages.h"
 #include "cli/readingcheck.h"
 #include "cli/summary.h"
@@ -8,44 +9,14 @@
 #include "gps/gpschain.h"
 #include "track/fixreader.h"
 
-#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
 
-// A format on the command line.
-struct FORMAT_T {
-    const char *name;
-    const char *extension;
-};
-
 namespace
 {
 constexpr std::array<FORMAT_T, 4> FORMATS = {
-    {{"raw", ".txt"}, {"gpx", ".gpx"}, {"plt", ".plt"}, {"kml", ".kml"}}};
-constexpr const FORMAT_T &RAW = FORMATS[0];
-constexpr const FORMAT_T &GPX = FORMATS[1];
-
-const QString TO = u"to"_s;
-
-// Finds the format with this name or extension, in any case; null if there is none.
-const FORMAT_T *_find(const char *FORMAT_T::*key, const QString &value)
-{
-    const auto *const it =
-        std::find_if(FORMATS.begin(), FORMATS.end(), [&](const FORMAT_T &format) {
-            return value.compare(QLatin1String(format.*key), Qt::CaseInsensitive) == 0;
-        });
-    return it == FORMATS.end() ? nullptr : it;
-}
-
-const FORMAT_T *_findByExtension(const QString &extension)
-{
-    if (extension.isEmpty())
-        return &GPX;
-    if (extension == ".nmea"_L1 || extension == ".log"_L1)
-        return &RAW;
-    return _find(&FORMAT_T::extension, extension);
-}
+    {{"raw", ".txt", ".nmea .log"}, {"gpx", ".gpx"}, {"plt", ".plt"}, {"kml", ".kml"}}};
 } // namespace
 
 cConvert::cConvert()
@@ -55,28 +26,14 @@ cConvert::cConvert()
 
 void cConvert::addOptions(QCommandLineParser &parser)
 {
-    parser.addOption({{u"t"_s, TO},
-                      u"Format: raw, gpx, plt or kml. The default follows the extension of "
-                      "-o's FILE; otherwise it is gpx."_s,
-                      u"FORMAT"_s});
+    addFormatOption(parser, FORMATS);
     cTargets::addOptions(parser);
 }
 
 QString cConvert::readOptions(const QCommandLineParser &parser)
 {
-    QString wrong = m_targets.read(parser, archives());
-    if (!wrong.isEmpty())
-        return wrong;
-    if (parser.isSet(TO)) {
-        m_format = _find(&FORMAT_T::name, parser.value(TO));
-        if (!m_format)
-            return u"unknown format '%1' (use raw, gpx, plt or kml)"_s.arg(parser.value(TO));
-    } else {
-        m_format = _findByExtension(m_targets.extension());
-        if (!m_format)
-            return m_targets.unknownFormat();
-    }
-    return {};
+    const QString wrong = m_targets.read(parser, archives());
+    return wrong.isEmpty() ? readFormat(parser, m_targets, FORMATS, m_format) : wrong;
 }
 
 RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const

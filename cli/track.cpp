@@ -1,5 +1,6 @@
 #include "cli/track.h"
 
+#include "cli/formats.h"
 #include "cli/interrupt.h"
 #include "cli/tracksource.h"
 #include "track/trackcsv.h"
@@ -10,22 +11,13 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
-// A format on the command line.
-struct TRACK_FORMAT_T {
-    const char *name;
-    const char *extension;
-    std::unique_ptr<cFixWriter> (*writer)();
-};
-
 namespace
 {
-const QString TO = u"to"_s;
 const QString JOIN = u"join"_s;
 const QString FROM = u"from"_s;
 const QString UNTIL = u"until"_s;
@@ -37,29 +29,13 @@ std::unique_ptr<cFixWriter> _make()
     return std::make_unique<T>();
 }
 
-constexpr std::array<TRACK_FORMAT_T, 4> FORMATS = {{{"gpx", ".gpx", _make<cTrackGpx>},
-                                                    {"kml", ".kml", _make<cTrackKml>},
-                                                    {"geojson", ".geojson", _make<cTrackGeoJson>},
-                                                    {"csv", ".csv", _make<cTrackCsv>}}};
-constexpr const TRACK_FORMAT_T &GPX = FORMATS[0];
+constexpr std::array<FORMAT_T, 4> FORMATS = {
+    {{"gpx", ".gpx"}, {"kml", ".kml"}, {"geojson", ".geojson", ".json"}, {"csv", ".csv"}}};
+// Make the writers of these formats.
+constexpr std::array WRITERS = {_make<cTrackGpx>, _make<cTrackKml>, _make<cTrackGeoJson>,
+                                _make<cTrackCsv>};
+static_assert(WRITERS.size() == FORMATS.size());
 constexpr double MAX_GAP = 1e12; // seconds
-
-// Finds the format with this name or extension, in any case; null if there is none.
-const TRACK_FORMAT_T *_find(const char *TRACK_FORMAT_T::*key, const QString &value)
-{
-    const auto *const it =
-        std::find_if(FORMATS.begin(), FORMATS.end(), [&](const TRACK_FORMAT_T &format) {
-            return value.compare(QLatin1String(format.*key), Qt::CaseInsensitive) == 0;
-        });
-    return it == FORMATS.end() ? nullptr : it;
-}
-
-const TRACK_FORMAT_T *_findByExtension(const QString &extension)
-{
-    if (extension.isEmpty())
-        return &GPX;
-    return _find(&TRACK_FORMAT_T::extension, extension == ".json"_L1 ? u".geojson"_s : extension);
-}
 
 // Inserts the missing separators into a date or a time after "T", such as "20110323T1200".
 QString _separated(QString text)
@@ -113,10 +89,7 @@ cTrackCommand::cTrackCommand()
 
 void cTrackCommand::addOptions(QCommandLineParser &parser)
 {
-    parser.addOption({{u"t"_s, TO},
-                      u"Format: gpx, kml, geojson or csv. The default follows the extension of "
-                      "-o's FILE; otherwise it is gpx."_s,
-                      u"FORMAT"_s});
+    addFormatOption(parser, FORMATS);
     parser.addOption({JOIN, u"Write one track from all archives to -o's FILE."_s});
     parser.addOption({FROM,
                       u"Leave out fixes before TIME: 2011-03-23T12:00, 2011-03-23, or 12:00 for "
@@ -133,17 +106,10 @@ QString cTrackCommand::readOptions(const QCommandLineParser &parser)
 {
     m_join = parser.isSet(JOIN);
     QString wrong = m_targets.read(parser, archives(), m_join);
+    if (wrong.isEmpty())
+        wrong = readFormat(parser, m_targets, FORMATS, m_format);
     if (!wrong.isEmpty())
         return wrong;
-    if (parser.isSet(TO)) {
-        m_format = _find(&TRACK_FORMAT_T::name, parser.value(TO));
-        if (!m_format)
-            return u"unknown format '%1' (use gpx, kml, geojson or csv)"_s.arg(parser.value(TO));
-    } else {
-        m_format = _findByExtension(m_targets.extension());
-        if (!m_format)
-            return m_targets.unknownFormat();
-    }
     if (parser.isSet(GAP)) {
         bool isNumber = false;
         const double seconds = parser.value(GAP).toDouble(&isNumber);
@@ -206,7 +172,7 @@ void cTrackCommand::_setUp(cTrack &track) const
 RESULT_T cTrackCommand::_write(cTrackSource &source,
                                const std::shared_ptr<cOutputFile> &output) const
 {
-    const std::unique_ptr<cFixWriter> writer = m_format->writer();
+    const std::unique_ptr<cFixWriter> writer = WRITERS.at(size_t(m_format - FORMATS.data()))();
     QObject::connect(writer.get(), SIGNAL(signal_Data(QByteArray)), output.get(),
                      SLOT(slot_Data(QByteArray)));
     return source.write(output, [&] { return writer->write(source.track(), source.title()); });

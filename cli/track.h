@@ -7,7 +7,7 @@
 
 #include <optional>
 
-struct TRACK_FORMAT_T;
+struct FORMAT_T;
 class cTrackSource;
 
 // `vrk3 track`: writes the tracks of any receiver for map programs, one for each archive or a
@@ -29,7 +29,7 @@ private:
     RESULT_T _write(cTrackSource &source, const std::shared_ptr<cOutputFile> &output) const;
 
     cTargets m_targets;
-    const TRACK_FORMAT_T *m_format = nullptr;
+    const FORMAT_T *m_format = nullptr;
     bool m_join = false;
     qint64 m_gap = cTrack::USUAL_GAP;
     std::optional<TRACK_LIMIT_T> m_from;
