@@ -21,6 +21,15 @@ inline constexpr qsizetype MAGIC_SIZE = 4;
 // are not a record. The value is the size of the largest record.
 inline constexpr int HDR_STRING_LIMIT = 2 * 0xFFFF;
 
+// Size of an IDX record without extra bytes.
+inline constexpr qsizetype IDX_SIZE = 13;
+
+// Size of the head of a block, without and with an extension.
+inline constexpr qsizetype HEAD_SIZE = 4;
+inline constexpr qsizetype EXT_HEAD_SIZE = 8;
+// Bytes of payload in the largest block.
+inline constexpr qsizetype MAX_PAYLOAD = 0xFFFF;
+
 // Offset of the title in an HDR record.
 inline constexpr int HDR_TITLE_OFFSET = 8;
 

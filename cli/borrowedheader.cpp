@@ -4,19 +4,15 @@
 #include "cli/inputfile.h"
 #include "gps/gpsraw.h"
 
+#include <QList>
 #include <QtEndian>
 
 #include <algorithm>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qsizetype HEAD_SIZE = 4;
-constexpr qsizetype EXT_HEAD_SIZE = 8; // of a block with an extension
-constexpr qsizetype MAX_PAYLOAD = 0xFFFF;
-
 template <typename T>
 void _append(QByteArray &bytes, T value)
 {
@@ -85,10 +81,9 @@ cBorrowedHeader::LEAD_T cBorrowedHeader::lead(const QByteArray &start) const
     const qsizetype first = _firstBlock(start);
     if (first < 0)
         return lead;
-    constexpr qsizetype idxSize = 13;
     _append(lead.bytes, IDX_MAGIC);
-    lead.bytes.append(idxSize - MAGIC_SIZE, '\0');
-    lead.idx = idxSize;
+    lead.bytes.append(IDX_SIZE - MAGIC_SIZE, '\0');
+    lead.idx = IDX_SIZE;
     lead.skipped = first;
     if (m_types.at(GPS_STREAM_ID) != GPS_STREAM_TYPE)
         return lead;
@@ -141,20 +136,20 @@ qsizetype cBorrowedHeader::_firstBlock(const QByteArray &start) const
     // later.
     constexpr int impossible = -1000;
     constexpr int interruption = 4;
-    std::vector<int> from(size_t(end) + 1, hasRecord ? impossible : 0);
-    std::vector<int> after(size_t(end) + 1, 0);
-    from.back() = 0;
+    QList<int> from(end + 1, hasRecord ? impossible : 0);
+    QList<int> after(end + 1, 0);
+    from.last() = 0;
     for (qsizetype pos = end - 1; pos >= 0; --pos) {
-        int &count = from[size_t(pos)];
+        int &count = from[pos];
         if (pos + HEAD_SIZE <= end) {
             const BLOCK_T block = _blockAt(start, pos);
-            const auto next = size_t(block.end);
             if (block.end == 0)
                 count = impossible;
             else if (block.end <= end)
-                count = (block.size > 0 ? 1 : 0) + qMax(from[next], after[next] - interruption);
+                count = (block.size > 0 ? 1 : 0) +
+                        qMax(from.at(block.end), after.at(block.end) - interruption);
         }
-        after[size_t(pos)] = qMax(count, after[size_t(pos) + 1]);
+        after[pos] = qMax(count, after.at(pos + 1));
     }
     const auto most = std::max_element(from.begin(), from.end());
     const int enough = hasRecord ? 1 : 2;
