@@ -2,9 +2,8 @@
 
 #include "cli/messages.h"
 #include "cli/summary.h"
+#include "cli/textwidth.h"
 #include "cli/trackstats.h"
-
-#include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <array>
@@ -77,58 +76,10 @@ double _roundBelow(double limit)
     return power * (lead >= 5 ? 5 : lead >= 2 ? 2 : 1);
 }
 
-// Estimates the width of a character in ems, in a wide bold font. There is no font to measure,
-// because the viewer chooses it.
-double _ems(char32_t c)
-{
-    const QChar::Category category = QChar::category(c);
-    if (category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing ||
-        category == QChar::Other_Format)
-        return 0;
-    const auto within = [c](char32_t from, char32_t to) { return c >= from && c <= to; };
-    if (within(0x1F000, 0x1FFFF)) // pictographs
-        return 1.3;
-    // East Asian characters.
-    if (within(0x1100, 0x115F) || within(0x2E80, 0xA4CF) || within(0xAC00, 0xD7A3) ||
-        within(0xF900, 0xFAFF) || within(0xFE30, 0xFE6F) || within(0xFF00, 0xFF60) ||
-        within(0xFFE0, 0xFFE6) || within(0x20000, 0x3FFFF))
-        return 1;
-    if (u" !'()*,-./:;I[]fijlrt|"_s.contains(QChar::fromUcs4(c)))
-        return 0.5;
-    if (u"%@MWmw"_s.contains(QChar::fromUcs4(c)))
-        return 1.1;
-    const bool isAscii = c < 0x80;
-    if (QChar::isUpper(c))
-        return isAscii ? 0.85 : 1.3;
-    return isAscii ? 0.7 : 0.75;
-}
-
-double _ems(const QString &text)
-{
-    double ems = 0;
-    for (const char32_t c : text.toUcs4())
-        ems += _ems(c);
-    return ems;
-}
-
-// Shortens a text to this many ems, without splitting what readers see as one character.
-QString _fitted(const QString &text, double ems)
-{
-    if (_ems(text) <= ems)
-        return text;
-    const QString ellipsis(QChar(0x2026));
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    finder.toEnd();
-    qsizetype end = finder.position();
-    while (end > 0 && _ems(text.left(end) + ellipsis) > ems)
-        end = finder.toPreviousBoundary();
-    return text.left(end).trimmed() + ellipsis;
-}
-
 void _drawHeading(QXmlStreamWriter &svg, const QString &title, const TRACK_SUMMARY_T &summary)
 {
     constexpr double fontSize = 24;
-    _text(svg, {MARGIN, 44}, _fitted(title, (WIDTH - 2 * MARGIN) / fontSize),
+    _text(svg, {MARGIN, 44}, fittedText(title, (WIDTH - 2 * MARGIN) / fontSize),
           {{"font-size", QString::number(fontSize)},
            {"font-weight", u"bold"_s},
            {"fill", QLatin1String(INK)}});
@@ -295,7 +246,7 @@ void cTrackPicture::_drawEnds(QXmlStreamWriter &svg, const VIEW_T &view) const
                   {"fill", QLatin1String(color)},
                   {"stroke", u"#ffffff"_s},
                   {"stroke-width", u"3"_s}});
-        const QSizeF size(_ems(text) * fontSize, textHeight);
+        const QSizeF size(textEms(text) * fontSize, textHeight);
         const QRectF place = _placeFor(size, at, view, taken);
         taken = place;
         const bool isLeft = place.right() < at.x();
