@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <future>
 #include <new>
@@ -29,6 +30,7 @@ const QString QUIET = u"quiet"_s;
 const QString RECURSIVE = u"recursive"_s;
 
 constexpr int MAX_JOBS = 256;
+constexpr std::chrono::milliseconds PROGRESS_INTERVAL(100);
 // No archive is begun while the results that wait for that of an earlier archive hold this many
 // files open. A result without files counts as one, because its output takes memory.
 constexpr qsizetype MAX_WAITING = 64;
@@ -121,11 +123,11 @@ QString cCommand::_readCommonOptions(const QCommandLineParser &parser)
     const QStringList arguments = parser.positionalArguments();
     if (arguments.isEmpty())
         return u"no archive given"_s;
-    if (arguments.count(STANDARD_STREAM) > 1)
+    const QString good = parser.value(HEADER_FROM);
+    if ((arguments + QStringList(good)).count(STANDARD_STREAM) > 1)
         return u"standard input can be read only once"_s;
     m_quiet = parser.isSet(QUIET);
     m_archives = findArchives(arguments, parser.isSet(RECURSIVE));
-    const QString good = parser.value(HEADER_FROM);
     const auto protect = [this](const QString &input) {
         if (const auto id = regularFile(input, STDIN_FILENO))
             m_inputs.insert(*id);
@@ -202,7 +204,10 @@ void cCommand::_runParallel(cProgress &progress, cResults &results) const
             continue;
         }
         progress.begin(i + 1, m_archives.at(i).name);
-        RESULT_T result = promises[size_t(i)].get_future().get();
+        std::future<RESULT_T> future = promises[size_t(i)].get_future();
+        while (future.wait_for(PROGRESS_INTERVAL) != std::future_status::ready)
+            progress.refresh();
+        RESULT_T result = future.get();
         const qsizetype files = _waitingFiles(result);
         progress.clear();
         results.add(m_archives.at(i).name, std::move(result), before(results.isEmpty()));

@@ -79,6 +79,7 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
         if (!result.failure.isEmpty())
             return result;
     }
+    result.warnings += headerWarnings(feed.account());
     output->finish();
     const QString amount =
         hasPoints ? counted(stats.points(), "point") : counted(output->size(), "byte");

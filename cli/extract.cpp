@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -101,6 +102,8 @@ RESULT_T cExtract::process(const ARCHIVE_T &archive, cProgress &progress) const
     std::shared_ptr<cOutputFile> index;
     if (!m_index.isEmpty())
         index = m_targets.openFile(m_index, inputs());
+    if (index && index->isSkipped()) // a new stream would not match it
+        return {.files = {index}};
     cVrk3Parser parser;
     parser.deliverOnly(m_choice.id, m_choice.type);
     cStreamFiles streams(m_choice, open, index, feed, parser);
@@ -124,6 +127,13 @@ RESULT_T cExtract::process(const ARCHIVE_T &archive, cProgress &progress) const
                          counted(uselessBytes(feed.account()), "byte") + u" skipped"_s};
     if (m_choice.id < 0)
         parts.prepend(counted(streams.count(), "stream"));
-    result.summary = parts.join(u", "_s) + u" -> "_s + _names(result.files);
+    QList<std::shared_ptr<cOutputFile>> written = result.files, skipped;
+    const auto isSkipped = [](const auto &file) { return file->isSkipped(); };
+    std::copy_if(written.cbegin(), written.cend(), std::back_inserter(skipped), isSkipped);
+    written.removeIf(isSkipped);
+    result.summary = parts.join(u", "_s) + u" -> "_s + _names(written);
+    if (!skipped.isEmpty())
+        result.summary += u"; already there: "_s + _names(skipped);
+    result.warnings = headerWarnings(feed.account());
     return result;
 }

@@ -38,10 +38,12 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
     const QString failure = source.read(archive, progress);
     if (!failure.isEmpty())
         return {failure};
-    return source.write(output, [&] {
+    RESULT_T result = source.write(output, [&] {
         const cTrackPicture picture(source.track(), source.summary(), source.title());
         const QByteArray svg = picture.svg();
         output->slot_Data(svg);
         return !svg.isEmpty();
     });
+    result.warnings = source.warnings();
+    return result;
 }

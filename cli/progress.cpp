@@ -48,6 +48,11 @@ void cProgress::begin(qsizetype number, const QString &name)
     const QString count =
         m_archives > 1 ? u"archive %1 of %2 "_s.arg(number).arg(m_archives) : QString();
     m_label = count + _end(shown, MAX_LABEL_LENGTH - count.size());
+    refresh();
+}
+
+void cProgress::refresh()
+{
     if (_isDue())
         _show({});
 }

@@ -19,6 +19,8 @@ public:
     // Shows that `position` of `size` bytes have been read. If the size is 0, it is unknown, and
     // only the position is shown. Cheap enough to call for every block.
     void setPosition(qint64 position, qint64 size);
+    // Shows the archive again, without a position.
+    void refresh();
     // Erases the bar until the next call of one of the functions above. Call this before printing a
     // line.
     void clear();

@@ -6,6 +6,7 @@
 #include "track/tracksummary.h"
 
 #include <QString>
+#include <QStringList>
 
 // Texts for the user about archives and their tracks.
 
@@ -17,6 +18,10 @@ QString whyNoArchive(const ACCOUNT_T &account);
 
 // Returns why an archive that was read completely has no GPS data; empty if it has some.
 QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats);
+
+// Returns a warning if an archive has a header but begins with data of which the header is missing;
+// empty otherwise.
+QStringList headerWarnings(const ACCOUNT_T &account);
 
 // Returns the number of bytes of an archive that could not be used, because they are damaged or
 // incomplete.

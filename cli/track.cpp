@@ -137,7 +137,11 @@ RESULT_T cTrackCommand::process(const ARCHIVE_T &archive, cProgress &progress) c
     cTrackSource source;
     _setUp(source.track());
     const QString failure = source.read(archive, progress);
-    return failure.isEmpty() ? _write(source, output) : RESULT_T{failure};
+    if (!failure.isEmpty())
+        return {failure};
+    RESULT_T result = _write(source, output);
+    result.warnings = source.warnings();
+    return result;
 }
 
 // Archives that fail are left out. The track of the others is still useful, and the exit status

@@ -28,6 +28,7 @@ QString cTrackSource::read(const ARCHIVE_T &archive, cProgress &progress)
     cFeed feed(archive);
     feed.run(parser, progress);
     m_reader.finish();
+    m_warnings = headerWarnings(feed.account());
     return feed.error().isEmpty() ? whyNoArchive(feed.account()) : feed.error();
 }
 

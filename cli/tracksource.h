@@ -12,6 +12,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -31,6 +32,8 @@ public:
 
     // Adds an archive. Returns an error message, empty on success.
     QString read(const ARCHIVE_T &archive, cProgress &progress);
+    // Warnings about the archive that was read last.
+    const QStringList &warnings() const { return m_warnings; }
 
     // Ends the track. Call this once after the last archive. Returns why the track cannot be used:
     // it has no fix, or its fixes cannot be read. Empty on success.
@@ -55,6 +58,7 @@ private:
     cFixReader m_reader;
     cTrack m_track;
     TRACK_SUMMARY_T m_summary;
+    QStringList m_warnings;
     qint64 m_textBytes = 0;
     cHeaderText m_title;
     QString m_name;
