@@ -16,16 +16,19 @@ int _key(const STREAM_T &stream)
 
 cContents::cContents(QObject *parent) : QObject(parent)
 {
-    connect(&m_reader.parser(), SIGNAL(signal_Data(HDR_T)), SLOT(slot_Data(HDR_T)));
-    connect(&m_reader.parser(), SIGNAL(signal_Data(IDX_T)), SLOT(slot_Data(IDX_T)));
-    connect(&m_reader.parser(), SIGNAL(signal_Data(DATA_T)), SLOT(slot_Data(DATA_T)));
-    connect(&m_reader.raw(), SIGNAL(signal_Data(QByteArray)), &m_names,
-            SLOT(slot_Data(QByteArray)));
-    connect(&m_reader.parser(), SIGNAL(signal_Data(HDR_T)), &m_check, SLOT(slot_Data(HDR_T)));
-    connect(&m_reader.raw(), SIGNAL(signal_Data(QByteArray)), &m_check,
-            SLOT(slot_Data(QByteArray)));
-    connect(&m_reader.raw(), SIGNAL(signal_Data(QByteArray)), &m_fixReader,
-            SLOT(slot_Data(QByteArray)));
+    connect(&m_parser, SIGNAL(signal_Data(HDR_T)), SLOT(slot_Data(HDR_T)));
+    connect(&m_parser, SIGNAL(signal_Data(IDX_T)), SLOT(slot_Data(IDX_T)));
+    connect(&m_parser, SIGNAL(signal_Data(DATA_T)), SLOT(slot_Data(DATA_T)));
+    connect(&m_parser, SIGNAL(signal_Data(DATA_T)), &m_raw, SLOT(slot_Data(DATA_T)));
+    connect(&m_raw, SIGNAL(signal_Data(QByteArray)), &m_names, SLOT(slot_Data(QByteArray)));
+    // The window's reading of the archive, and whether it is right.
+    connect(&m_raw, SIGNAL(signal_Data(QByteArray)), &m_nmea, SLOT(slot_Data(QByteArray)));
+    connect(&m_raw, SIGNAL(signal_Data(QByteArray)), &m_stats, SLOT(slot_Data(QByteArray)));
+    connect(&m_nmea, SIGNAL(signal_Data(nmea_data)), &m_stats, SLOT(slot_Data(nmea_data)));
+    connect(&m_parser, SIGNAL(signal_Data(HDR_T)), &m_check, SLOT(slot_Data(HDR_T)));
+    connect(&m_raw, SIGNAL(signal_Data(QByteArray)), &m_check, SLOT(slot_Data(QByteArray)));
+    // The fixes.
+    connect(&m_raw, SIGNAL(signal_Data(QByteArray)), &m_fixReader, SLOT(slot_Data(QByteArray)));
     connect(&m_fixReader, SIGNAL(signal_Data(FIX_T)), &m_track, SLOT(slot_Data(FIX_T)));
     connect(&m_fixReader, SIGNAL(signal_Data(FIX_T)), &m_check, SLOT(slot_Data(FIX_T)));
 }
@@ -33,19 +36,22 @@ cContents::cContents(QObject *parent) : QObject(parent)
 QString cContents::read(const ARCHIVE_T &archive, cProgress &progress)
 {
     m_archive = archive.name;
-    QString failure = m_reader.read(archive, progress);
+    cFeed feed(archive);
+    m_feed = &feed;
+    feed.run(m_parser, progress);
+    m_feed = nullptr;
+    m_account = feed.account();
     m_fixReader.finish();
     m_track.finish();
     m_summary = summarize(m_track);
     m_warnings = m_check.warnings(sentences(), u"the window"_s, u"gpx kml"_s);
-    if (failure.isEmpty())
-        failure = whyNoArchive(account());
+    const QString failure = feed.error().isEmpty() ? whyNoArchive(m_account) : feed.error();
     return failure.isEmpty() ? m_track.error() : failure;
 }
 
 void cContents::slot_Data(const HDR_T &hdr)
 {
-    if (!m_reader.isBorrowed()) {
+    if (!m_feed->isBorrowed()) {
         ++m_hdrRecords;
         const cHeaderText title(hdr.title);
         if (!m_titles.contains(title) && m_titles.size() < MAX_TITLES)
@@ -89,7 +95,7 @@ cContents::OMITTED_T cContents::omitted() const
 
 void cContents::slot_Data(const IDX_T &)
 {
-    if (!m_reader.isBorrowed())
+    if (!m_feed->isBorrowed())
         ++m_idxRecords;
 }
 

@@ -1,10 +1,14 @@
 #ifndef CONTENTS_H
 #define CONTENTS_H
 
+#include "archive/vrk3parser.h"
+#include "cli/feed.h"
 #include "cli/headertext.h"
 #include "cli/readingcheck.h"
 #include "cli/sentencenames.h"
-#include "cli/trackreader.h"
+#include "cli/trackstats.h"
+#include "gps/gpsraw.h"
+#include "gps/nmea.h"
 #include "track/fixreader.h"
 #include "track/track.h"
 #include "track/tracksummary.h"
@@ -56,12 +60,13 @@ public:
     qint64 hdrRecords() const { return m_hdrRecords; }
     qint64 idxRecords() const { return m_idxRecords; }
 
-    const ACCOUNT_T &account() const { return m_reader.account(); }
-    const NMEA_ACCOUNT_T &sentences() const { return m_reader.nmea().account(); }
+    // The account of the archive's bytes.
+    const ACCOUNT_T &account() const { return m_account; }
+    const NMEA_ACCOUNT_T &sentences() const { return m_nmea.account(); }
     // The sentences that the window's decoder does not read.
     const cSentenceNames &unread() const { return m_names; }
     // Figures about the points that the window would write.
-    const cTrackStats &stats() const { return m_reader.stats(); }
+    const cTrackStats &stats() const { return m_stats; }
     // The track as `vrk3 track` would write it.
     const TRACK_SUMMARY_T &track() const { return m_summary; }
     // Warnings about the points that the window would write; empty if there are none.
@@ -86,9 +91,14 @@ private:
     OMITTED_T m_omitted;
     qint64 m_hdrRecords = 0;
     qint64 m_idxRecords = 0;
-    cTrackReader m_reader;
+    const cFeed *m_feed = nullptr; // set while the archive is read
+    ACCOUNT_T m_account;
+    cVrk3Parser m_parser;
+    cGpsRaw m_raw;
+    cNmea m_nmea;
+    cTrackStats m_stats;
     cSentenceNames m_names;
-    cReadingCheck m_check{m_reader.stats()};
+    cReadingCheck m_check{m_stats};
     cFixReader m_fixReader;
     cTrack m_track;
     TRACK_SUMMARY_T m_summary;

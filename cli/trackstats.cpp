@@ -23,6 +23,13 @@ double _angle(double lat, double lon, double cosines)
     const double chord = sinLat * sinLat + cosines * sinLon * sinLon;
     return 2 * std::asin(std::sqrt(qMin(chord, 1.0)));
 }
+
+// Returns true if a point has a usable position.
+bool _isLocated(const nmea_data &n)
+{
+    const bool onEarth = std::fabs(n.lat) <= MAX_LATITUDE && std::fabs(n.lon) <= MAX_LONGITUDE;
+    return onEarth && (n.lat != 0 || n.lon != 0);
+}
 } // namespace
 
 cTrackStats::cTrackStats(QObject *parent) : QObject(parent) {}
@@ -30,12 +37,6 @@ cTrackStats::cTrackStats(QObject *parent) : QObject(parent) {}
 double cTrackStats::nearestTurn(double lon, double before)
 {
     return lon + FULL_TURN * std::round((before - lon) / FULL_TURN);
-}
-
-bool cTrackStats::isLocated(const nmea_data &n)
-{
-    const bool onEarth = std::fabs(n.lat) <= MAX_LATITUDE && std::fabs(n.lon) <= MAX_LONGITUDE;
-    return onEarth && (n.lat != 0 || n.lon != 0);
 }
 
 void cTrackStats::slot_Data(const QByteArray &a)
@@ -47,7 +48,7 @@ void cTrackStats::slot_Data(const QByteArray &a)
 void cTrackStats::slot_Data(const nmea_data &n)
 {
     ++m_points;
-    if (!isLocated(n))
+    if (!_isLocated(n))
         return;
     if (m_located++ == 0) {
         m_first = n;

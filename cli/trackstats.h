@@ -26,9 +26,6 @@ public:
     // one. This keeps a track across the antimeridian in one piece.
     static double nearestTurn(double lon, double before);
 
-    // Returns true if a point has a usable position.
-    static bool isLocated(const nmea_data &n);
-
     qint64 textBlocks() const { return m_textBlocks; } // logical blocks of the GPS stream
     qint64 textBytes() const { return m_textBytes; }   // bytes in these blocks
     qint64 points() const { return m_points; }
