@@ -26,9 +26,9 @@ public:
 
     explicit cFixDater(QObject *parent = nullptr) : QObject(parent) {}
 
-    // Adds a fix. Its time and clock are ignored; `time` is in milliseconds of the day, and `day`
-    // counts from 1970-01-01. Each is empty if the receiver did not send it. May emit any number of
-    // fixes.
+    // Adds a fix. Its time, clock and text are set here: `time` is in milliseconds of the day, and
+    // `day` counts from 1970-01-01. Each is empty if the receiver did not send it. May emit any
+    // number of fixes.
     void addFix(const FIX_T &fix, const std::optional<int> &time, const std::optional<qint64> &day);
 
     // Adds a date that came without a position. The units are those of addFix.
