@@ -218,7 +218,7 @@ class Program:
         self.output.seek(0)
         said = self.output.read().decode(errors="replace")
         if self.process.returncode or said:
-            raise AssertionError(f"exit code {self.process.returncode}, output {said[:500]!r}")
+            raise AssertionError(f"exit code {self.process.returncode}, output:\n{said[:5000]}")
 
     def _state(self):
         state = f"exit code {self.process.poll()}, picture in failed-{self.process.pid}.png"

@@ -22,7 +22,9 @@ class WaylandTest(desktop.Case):
     def test_run(self):
         (self.folder / "a.vrk3").write_bytes(archive())
         small = 480 * 220 / 1280 / 1024
-        with self.start("a.vrk3") as program:
+        # Qt does not close the connection of the Wayland library at the end. The leak cannot be suppressed
+        # by name, because Qt unloads the library. The tests under X11 find the program's own leaks.
+        with self.start("a.vrk3", ASAN_OPTIONS="detect_leaks=0") as program:
             desktop.wait_for("the frame", lambda: small / 2 < self.share() < small)
             program.press("push button", "Maximize")
             desktop.wait_for("the frame maximised", lambda: self.share() > 0.8)
