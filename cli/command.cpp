@@ -12,6 +12,7 @@
 #include <chrono>
 #include <cstdio>
 #include <future>
+#include <limits>
 #include <new>
 #include <system_error>
 #include <thread>
@@ -188,7 +189,9 @@ void cCommand::_runParallel(cProgress &progress, cResults &results) const
     std::vector<std::jthread> threads;
     const auto stop = qScopeGuard([&] {
         next = count;
-        waiting = 0;
+        // A waiting thread only notices that the number has changed. It starts so low here that
+        // files that are still added cannot bring the old number back.
+        waiting = std::numeric_limits<qsizetype>::min();
         waiting.notify_all();
     });
     // QThreadPool would wait forever for a thread that cannot be created.
