@@ -221,21 +221,24 @@ void cCommand::_runParallel(cProgress &progress, cResults &results) const
 
 void cCommand::_runJoined(cProgress &progress, cResults &results) const
 {
-    QList<ARCHIVE_T> failed;
+    QList<RESULT_T> parts;
     RESULT_T result;
     try {
-        result = processAll(progress, failed);
+        result = processAll(progress, parts);
     } catch (const std::bad_alloc &) {
         result.failure = u"out of memory"_s;
     }
     progress.clear();
-    for (const ARCHIVE_T &archive : std::as_const(failed))
-        results.fail(displayName(archive.name, u"standard input"_s), archive.failure);
-    results.add(counted(m_archives.size() - failed.size(), "archive"), std::move(result),
-                before(results.isEmpty()));
+    qsizetype used = m_archives.size();
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        if (!parts.at(i).failure.isEmpty())
+            --used;
+        results.add(m_archives.at(i).name, parts.at(i), {});
+    }
+    results.add(counted(used, "archive"), std::move(result), before(results.isEmpty()));
 }
 
-RESULT_T cCommand::processAll(cProgress &, QList<ARCHIVE_T> &) const
+RESULT_T cCommand::processAll(cProgress &, QList<RESULT_T> &) const
 {
     return {};
 }

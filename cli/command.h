@@ -38,9 +38,9 @@ protected:
     // Returns true if the options ask for one result from all archives. Then processAll() is called
     // instead of process().
     virtual bool joinsArchives() const { return false; }
-    // Processes all archives. Appends those that could not be used to `failed`, with their
-    // failures. Called only if joinsArchives() returns true.
-    virtual RESULT_T processAll(cProgress &progress, QList<ARCHIVE_T> &failed) const;
+    // Processes all archives. Appends a result for each archive to `parts`, with its failure and
+    // its warnings. Called only if joinsArchives() returns true.
+    virtual RESULT_T processAll(cProgress &progress, QList<RESULT_T> &parts) const;
     // Return what is printed before the output of each archive, and after that of the last one.
     virtual QByteArray before(bool isFirst) const;
     virtual QByteArray after(bool isEmpty) const;

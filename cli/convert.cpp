@@ -74,12 +74,12 @@ RESULT_T cConvert::process(const ARCHIVE_T &archive, cProgress &progress) const
             result.warnings =
                 check.warnings(chain.decoder()->account(), u"this format"_s, extension);
     }
+    result.warnings += headerWarnings(archive, feed.account());
     if (output->error().isEmpty()) {
         result.failure = feed.error().isEmpty() ? whyNoTrack(feed.account(), stats) : feed.error();
         if (!result.failure.isEmpty())
             return result;
     }
-    result.warnings += headerWarnings(feed.account());
     output->finish();
     const QString amount =
         hasPoints ? counted(stats.points(), "point") : counted(output->size(), "byte");

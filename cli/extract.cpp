@@ -109,7 +109,7 @@ RESULT_T cExtract::process(const ARCHIVE_T &archive, cProgress &progress) const
     cStreamFiles streams(m_choice, open, index, feed, parser);
     feed.run(parser, progress, [&] { return streams.isDone(); });
 
-    RESULT_T result;
+    RESULT_T result{.warnings = headerWarnings(archive, feed.account())};
     if (!streams.isDone()) {
         result.failure = feed.error().isEmpty() ? whyNoArchive(feed.account()) : feed.error();
         if (result.failure.isEmpty())
@@ -134,6 +134,5 @@ RESULT_T cExtract::process(const ARCHIVE_T &archive, cProgress &progress) const
     result.summary = parts.join(u", "_s) + u" -> "_s + _names(written);
     if (!skipped.isEmpty())
         result.summary += u"; already there: "_s + _names(skipped);
-    result.warnings = headerWarnings(feed.account());
     return result;
 }

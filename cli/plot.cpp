@@ -35,15 +35,15 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
     if (!output->isOpen())
         return {.files = {output}};
     cTrackSource source;
-    const QString failure = source.read(archive, progress);
-    if (!failure.isEmpty())
-        return {failure};
+    const RESULT_T part = source.read(archive, progress);
+    if (!part.failure.isEmpty())
+        return part;
     RESULT_T result = source.write(output, [&] {
         const cTrackPicture picture(source.track(), source.summary(), source.title());
         const QByteArray svg = picture.svg();
         output->slot_Data(svg);
         return !svg.isEmpty();
     });
-    result.warnings = source.warnings();
+    result.warnings = part.warnings;
     return result;
 }

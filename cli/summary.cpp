@@ -24,14 +24,14 @@ QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats)
     return reason;
 }
 
-QStringList headerWarnings(const ACCOUNT_T &account)
+QStringList headerWarnings(const ARCHIVE_T &archive, const ACCOUNT_T &account)
 {
     constexpr qint64 minLength = 1024; // a smaller group would hardly contain a track
     const STRETCH_T first = account.stretches.value(0);
-    if (account.hdr == 0 || first.offset > 0 || first.length < minLength)
+    if (archive.header || account.hdr == 0 || first.offset > 0 || first.length < minLength)
         return {};
     return {
-        u"its first %1 have no header (see --header-from)"_s.arg(counted(first.length, "byte"))};
+        u"its first %1 could not be read (see --header-from)"_s.arg(counted(first.length, "byte"))};
 }
 
 qint64 uselessBytes(const ACCOUNT_T &account)

@@ -2,6 +2,7 @@
 #define SUMMARY_H
 
 #include "archive/vrk3parser.h"
+#include "cli/archives.h"
 #include "cli/trackstats.h"
 #include "track/tracksummary.h"
 
@@ -19,9 +20,9 @@ QString whyNoArchive(const ACCOUNT_T &account);
 // Returns why an archive that was read completely has no GPS data; empty if it has some.
 QString whyNoTrack(const ACCOUNT_T &account, const cTrackStats &stats);
 
-// Returns a warning if an archive has a header but begins with data of which the header is missing;
-// empty otherwise.
-QStringList headerWarnings(const ACCOUNT_T &account);
+// Returns a warning if an archive has a header but its beginning could not be read, probably
+// because that part's header is missing. Empty if a header is borrowed for it.
+QStringList headerWarnings(const ARCHIVE_T &archive, const ACCOUNT_T &account);
 
 // Returns the number of bytes of an archive that could not be used, because they are damaged or
 // incomplete.

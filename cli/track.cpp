@@ -136,17 +136,17 @@ RESULT_T cTrackCommand::process(const ARCHIVE_T &archive, cProgress &progress) c
         return {.files = {output}};
     cTrackSource source;
     _setUp(source.track());
-    const QString failure = source.read(archive, progress);
-    if (!failure.isEmpty())
-        return {failure};
+    const RESULT_T part = source.read(archive, progress);
+    if (!part.failure.isEmpty())
+        return part;
     RESULT_T result = _write(source, output);
-    result.warnings = source.warnings();
+    result.warnings = part.warnings;
     return result;
 }
 
 // Archives that fail are left out. The track of the others is still useful, and the exit status
 // shows that it is incomplete.
-RESULT_T cTrackCommand::processAll(cProgress &progress, QList<ARCHIVE_T> &failed) const
+RESULT_T cTrackCommand::processAll(cProgress &progress, QList<RESULT_T> &parts) const
 {
     const auto output =
         m_targets.open(archives().constFirst(), QLatin1String(m_format->extension), inputs());
@@ -154,17 +154,15 @@ RESULT_T cTrackCommand::processAll(cProgress &progress, QList<ARCHIVE_T> &failed
         return {.files = {output}};
     cTrackSource source;
     _setUp(source.track());
+    bool isUsed = false;
     for (qsizetype i = 0; i < archives().size() && !isInterrupted(); ++i) {
-        ARCHIVE_T archive = archives().at(i);
+        const ARCHIVE_T &archive = archives().at(i);
         progress.begin(i + 1, archive.name);
-        if (archive.failure.isEmpty())
-            archive.failure = source.read(archive, progress);
-        if (!archive.failure.isEmpty())
-            failed.append(archive);
+        parts.append(archive.failure.isEmpty() ? source.read(archive, progress)
+                                               : RESULT_T{archive.failure});
+        isUsed |= parts.last().failure.isEmpty();
     }
-    if (isInterrupted() || failed.size() == archives().size())
-        return {};
-    return _write(source, output);
+    return isUsed && !isInterrupted() ? _write(source, output) : RESULT_T();
 }
 
 void cTrackCommand::_setUp(cTrack &track) const

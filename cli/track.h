@@ -22,7 +22,7 @@ protected:
     QString readOptions(const QCommandLineParser &parser) override;
     RESULT_T process(const ARCHIVE_T &archive, cProgress &progress) const override;
     bool joinsArchives() const override { return m_join; }
-    RESULT_T processAll(cProgress &progress, QList<ARCHIVE_T> &failed) const override;
+    RESULT_T processAll(cProgress &progress, QList<RESULT_T> &parts) const override;
 
 private:
     void _setUp(cTrack &track) const;

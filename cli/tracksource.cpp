@@ -16,7 +16,7 @@ cTrackSource::cTrackSource(QObject *parent) : QObject(parent)
     connect(&m_reader, SIGNAL(signal_Data(FIX_T)), &m_track, SLOT(slot_Data(FIX_T)));
 }
 
-QString cTrackSource::read(const ARCHIVE_T &archive, cProgress &progress)
+RESULT_T cTrackSource::read(const ARCHIVE_T &archive, cProgress &progress)
 {
     if (m_name.isEmpty())
         m_name = archive.name == STANDARD_STREAM ? u"Track"_s
@@ -28,8 +28,8 @@ QString cTrackSource::read(const ARCHIVE_T &archive, cProgress &progress)
     cFeed feed(archive);
     feed.run(parser, progress);
     m_reader.finish();
-    m_warnings = headerWarnings(feed.account());
-    return feed.error().isEmpty() ? whyNoArchive(feed.account()) : feed.error();
+    return {feed.error().isEmpty() ? whyNoArchive(feed.account()) : feed.error(),
+            headerWarnings(archive, feed.account())};
 }
 
 QString cTrackSource::finish()

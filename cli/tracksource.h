@@ -12,7 +12,6 @@
 
 #include <QObject>
 #include <QString>
-#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -30,10 +29,8 @@ public:
     // The track. Set its gap and its limits before the first archive.
     cTrack &track() { return m_track; }
 
-    // Adds an archive. Returns an error message, empty on success.
-    QString read(const ARCHIVE_T &archive, cProgress &progress);
-    // Warnings about the archive that was read last.
-    const QStringList &warnings() const { return m_warnings; }
+    // Adds an archive. Returns why it failed, if it did, and warnings about it.
+    RESULT_T read(const ARCHIVE_T &archive, cProgress &progress);
 
     // Ends the track. Call this once after the last archive. Returns why the track cannot be used:
     // it has no fix, or its fixes cannot be read. Empty on success.
@@ -58,7 +55,6 @@ private:
     cFixReader m_reader;
     cTrack m_track;
     TRACK_SUMMARY_T m_summary;
-    QStringList m_warnings;
     qint64 m_textBytes = 0;
     cHeaderText m_title;
     QString m_name;

@@ -13,7 +13,7 @@ text() {
 # only the body is escaped. A menu has no options, so advice to use one is left out. It does not wait,
 # because a desktop without notifications can take long to refuse one.
 notify() {
-    body=$(printf '%s' "$2" | sed 's/^vrk3: //; s/ (use --[^)]*)//; s/&/\&amp;/g; s/</\&lt;/g; s/>/\&gt;/g')
+    body=$(printf '%s' "$2" | sed 's/^vrk3: //; s/ (use --[^)]*)//; s/ (see --[^)]*)//; s/&/\&amp;/g; s/</\&lt;/g; s/>/\&gt;/g')
     notify-send --app-name=VrkTrk --icon=vrktrk -- "$1" "$body" >/dev/null 2>&1 &
 }
 
