@@ -129,5 +129,9 @@ QString cReadingCheck::_trackWarning(const NMEA_ACCOUNT_T &account, const QStrin
         return u"%1 of %2 %3 no position"_s.arg(QString::number(lost),
                                                 counted(m_stats.points(), "point"),
                                                 lost == 1 ? u"has"_s : u"have"_s);
+    if (account.invalidPoints > 0)
+        return u"%1 of %2 %3 a position that the receiver marks as invalid"_s.arg(
+            QString::number(account.invalidPoints), counted(m_stats.points(), "point"),
+            account.invalidPoints == 1 ? u"has"_s : u"have"_s);
     return {};
 }

@@ -234,6 +234,9 @@ void cNmea::_gpgga()
     m_fix.time = _getTime(_field(0));
     _position(1);
     m_fix.alt = _getDouble(_field(8));
+    // The decoder ignores the quality of the fix.
+    if (m_fix.valid && _is(_field(5), '0') && (m_fix.lat != 0 || m_fix.lon != 0))
+        ++m_account.invalidPoints;
 }
 
 void cNmea::_gprmc()

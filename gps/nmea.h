@@ -37,6 +37,8 @@ struct NMEA_ACCOUNT_T {
     counts tooFewFields{}; // fewer than the nine fields that a GPGGA or GPRMC needs
     counts malformed{};    // cut off, or with a character that does not belong in a sentence
     qint64 points = 0;     // records emitted
+    // Those with the position of a GPGGA without a fix, other than 0, 0.
+    qint64 invalidPoints = 0;
     // Positions in accepted sentences, by the number of decimals of their minutes. The decoder
     // expects four. The last entry counts the positions with nine or more.
     std::array<qint64, 10> decimals{};
