@@ -1,6 +1,7 @@
 #include "track/track.h"
 
 #include <QGeoCoordinate>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <cmath>
@@ -16,9 +17,9 @@ constexpr qsizetype READ_AHEAD = 64;
 // Anything faster is a jump to a wrong position or back.
 constexpr double MAX_SPEED = 1000;
 
-// Metres. Two fixes of one instant are the same if they are closer than this. Their positions may
-// differ because overlapping archives can lack different sentences, or because a sentence was late.
-// If they are further apart, the receiver's clock was set back.
+// Metres. Two fixes of one instant are the same if they are closer than this. In overlapping
+// archives, their positions may differ, because each archive can lack other sentences. In a single
+// receiver text, two positions of an instant mean that the receiver's clock was set back.
 constexpr double SAME_PLACE_IN_OTHER_TEXT = 10;
 constexpr double SAME_PLACE = 1;
 
@@ -32,10 +33,10 @@ double _distance(const FIX_T &a, const FIX_T &b)
     return QGeoCoordinate(a.lat, a.lon).distanceTo(QGeoCoordinate(b.lat, b.lon));
 }
 
-bool _isSame(const FIX_T &a, const FIX_T &b)
+bool _isSame(const FIX_T &a, const FIX_T &b, double limit)
 {
     return a.time == b.time && a.clock == b.clock && a.repeat == b.repeat &&
-           _distance(a, b) < (a.text == b.text ? SAME_PLACE : SAME_PLACE_IN_OTHER_TEXT);
+           _distance(a, b) < limit;
 }
 
 bool _isEarlier(const FIX_T &a, const FIX_T &b)
@@ -158,8 +159,16 @@ bool cTrackCursor::_take()
     if (m_atEnd)
         return false;
     m_fix = _pop();
-    while (!m_heads.isEmpty() && _isSame(_front(m_heads.first()), m_fix))
+    QVarLengthArray<quint32, 16> texts = {m_fix.text};
+    while (!m_heads.isEmpty()) {
+        const FIX_T &same = _front(m_heads.first());
+        const bool isKnown = texts.contains(same.text);
+        if (!_isSame(m_fix, same, isKnown ? SAME_PLACE : SAME_PLACE_IN_OTHER_TEXT))
+            break;
+        if (!isKnown)
+            texts.append(same.text);
         _complete(m_fix, _pop());
+    }
     return true;
 }
 
