@@ -10,6 +10,14 @@ namespace
 {
 constexpr double HALF_TURN = 180;
 
+// The meridian is on both sides. Returns a fix on it as one on the side of another fix.
+FIX_T _onSideOf(const FIX_T &other, FIX_T fix)
+{
+    if (std::fabs(fix.lon) == HALF_TURN)
+        fix.lon = std::copysign(HALF_TURN, other.lon);
+    return fix;
+}
+
 // Returns where the shorter way between two fixes crosses the 180th meridian: the end of the line
 // before the cut, and the start of the line after it.
 std::pair<FIX_T, FIX_T> _cut(const FIX_T &from, const FIX_T &to)
@@ -32,15 +40,21 @@ std::pair<FIX_T, FIX_T> _cut(const FIX_T &from, const FIX_T &to)
 template <typename F>
 void _walk(cTrackCursor &at, F &&position)
 {
+    const auto hasNext = [&at] { return !at.atEnd() && !at.startsSegment(); };
     FIX_T before = at.fix();
+    at.next();
+    if (hasNext())
+        before = _onSideOf(at.fix(), before);
     position(before, true);
-    for (at.next(); !at.atEnd() && !at.startsSegment(); at.next()) {
-        if (std::fabs(at.fix().lon - before.lon) > HALF_TURN) {
-            const auto [end, begin] = _cut(before, at.fix());
-            position(end, false);
+    for (; hasNext(); at.next()) {
+        const FIX_T fix = _onSideOf(before, at.fix());
+        if (std::fabs(fix.lon - before.lon) > HALF_TURN) {
+            const auto [end, begin] = _cut(before, fix);
+            if (before.lon != end.lon)
+                position(end, false);
             position(begin, true);
         }
-        before = at.fix();
+        before = fix;
         position(before, false);
     }
 }

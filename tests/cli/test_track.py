@@ -41,17 +41,18 @@ def positions(coordinates):
 class Track(Case):
     def test_references(self):
         fixes = "GPRMC,12000%d,A,1000.123,N,02000.%s,E,,,230311,,"
+        # A clock that is set back by five seconds while somebody walks.
+        back = [gprmc(t - t // 7 * 5, 10 + t / 1e5, 20) for t in range(1, 13)]
         for name, data in {
-                **journey(), "none": sentence("GPRMC,120000,V,,,,,,,230311,,") + b"$GPGGA,\r\n", "noise": None,
+                **journey(), "none": sentence("GPRMC,120000,V,,,,,,,230311,,") + b"$GPGGA,\r\n",
+                "noise": bytes(5000), "torn": bytes(5000) + archive(b"".join(back[:6]), ""),
                 "undated": b"".join(sentence(f"GPGLL,1000.{i},N,02000.0,E,12000{i},A") for i in range(8)),
                 "three": sentence(fixes % (0, "456")) + sentence(fixes % (1, "45")) + gprmc(9, 1, 2),
                 "gn": b"".join(sentence("GN" + (fixes % (i, "4"))[2:]) for i in range(3)),
                 "lost": gprmc(1, 10, 20) + gprmc(2, 0, 0), "zero": gprmc(1, 0, 0),
-                # A clock that is set back by five seconds while somebody walks.
-                "back": b"".join(gprmc(t - t // 7 * 5, 10 + t / 1e5, 20) for t in range(1, 13)),
-                "parked": gprmc(1, 10, 20) + gpgga(2, 10, 20)}.items():
-            self.write(name + ".vrk3", bytes(5000) if data is None else
-                       data if data.startswith(b"\xb5") else archive(data, ""))
+                "stale": gprmc(1, 10, 20) + sentence("GPGGA,000002,1000.0000,N,02000.0000,E,0,,,,M,,M,,"),
+                "back": b"".join(back), "parked": gprmc(1, 10, 20) + gpgga(2, 10, 20)}.items():
+            self.write(name + ".vrk3", data if data[:1] in b"\xb5\0" else archive(data, ""))
         before = self.files()
         self.assertTranscript("track.txt")
         written = [n for n in self.files() if n not in before]
