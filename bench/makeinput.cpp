@@ -38,6 +38,8 @@ public:
             return _fill("\xB5\xB5\x05\xB5");
         if (is("nested"))
             return _nested();
+        if (is("titles"))
+            return _titles();
         if (is("text"))
             return _text();
         const bool isFirst = !std::exchange(m_begun, true);
@@ -93,6 +95,14 @@ private:
         return (bytes + QByteArray(200'000, 'x')).repeated(4);
     }
 
+    // Small headers whose titles extend past the record, up to the same zero byte. A title of more
+    // than 131,070 bytes would be rejected.
+    static QByteArray _titles()
+    {
+        const QByteArray header = QByteArray::fromHex("b5b505b501010101") + QByteArray(506, '\xFF');
+        return (header.repeated(254) + '\0').repeated(8);
+    }
+
     QByteArray _text()
     {
         QByteArray text;
@@ -114,8 +124,8 @@ int main(int argc, char **argv)
     QFile file(argc == 4 ? QString::fromLocal8Bit(argv[3]) : QString());
     if (size <= 0 || !file.open(QIODevice::WriteOnly)) {
         std::fprintf(stderr, "usage: makeinput KIND MEBIBYTES FILE\n"
-                             "Kinds: noise, noise-after-header, b5, 05, magics, nested, others, "
-                             "blocks40, tiny, receiver, text\n");
+                             "Kinds: noise, noise-after-header, b5, 05, magics, nested, titles, "
+                             "others, blocks40, tiny, receiver, text\n");
         return 2;
     }
     cInput input;

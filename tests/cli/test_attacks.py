@@ -27,6 +27,7 @@ class Attacks(Case):
                 ("controls", archive(fixes, "\x9b31m\x7f\u202e\u2067\u2028\U000e0041\x9d0;\x9c \x1b[2J")),
                 ("pictographs", archive(fixes, "x" * 58 + "\U0001f697" * 40)),
                 ("markup", archive(fixes, "]]><a %s/>" % " ".join(f'a{i}=""' for i in range(6000)))),
+                ("titles", (b"\xb5\xb5\x05\xb5\1\1\1\1" + b"\x9b" * 506) * 254 + b"\0" + GOOD),
                 ("timeless", archive(sentence("GPRMC,,A,5530.0,N,03730.0,E,1.0,2.0,,,,A") * 4)),
                 ("tables", b"".join(header("", table[i:i + 8192]) for i in range(0, 65536, 8192)) + GOOD),
                 ("long", GOOD + b"".join(header("t%d" % i, [(i % 256, 1 + i // 256, "a" * 20000, "\x9b" * 15000, "")])
