@@ -30,7 +30,7 @@ QString contentsTsv(const cContents &contents)
     };
     const QString seconds =
         track.first && track.last
-            ? QString::number(double(*track.last - *track.first) / MS_PER_SECOND, 'g',
+            ? QString::number(double(*track.last - *track.first) / MS_PER_SECOND, 'f',
                               QLocale::FloatingPointShortest)
             : QString();
     const cHeaderText title = contents.titles().value(0);
