@@ -47,9 +47,12 @@ bool isSameOutput(const QString &a, const QString &b)
 {
     struct stat statusA = {};
     struct stat statusB = {};
-    if (fileStatus(a, STDOUT_FILENO, statusA) && fileStatus(b, STDOUT_FILENO, statusB))
+    const bool isStream = a == STANDARD_STREAM || b == STANDARD_STREAM;
+    // A regular file is replaced by name, so hard links are different outputs.
+    if (fileStatus(a, STDOUT_FILENO, statusA) && fileStatus(b, STDOUT_FILENO, statusB) &&
+        (isStream || !S_ISREG(statusA.st_mode)))
         return fileId(statusA) == fileId(statusB);
-    if (a == STANDARD_STREAM || b == STANDARD_STREAM)
+    if (isStream)
         return a == b;
     const QFileInfo fileA(_followLinks(a));
     const QFileInfo fileB(_followLinks(b));
