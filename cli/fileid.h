@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 
 // The name that means standard input or output.
-inline const QString STANDARD_STREAM = QStringLiteral("-");
+inline const QString STANDARD_STREAM = QChar(u'-');
 
 // Decodes a name from the operating system. If it is not valid UTF-8, its invalid bytes become lone
 // surrogates, which QString::isValidUtf16 detects. Such a result is never the name of a file.

@@ -70,7 +70,7 @@ QString _suggestion(const commands &all, const QString &word)
     for (const cCommand *command : all)
         names.append(command->name());
     QString best;
-    qsizetype least = 3; // as many letters are too different
+    qsizetype least = 3; // a word with so many different letters is not similar
     for (const QString &name : std::as_const(names)) {
         const bool isStart = name.startsWith(word, Qt::CaseInsensitive);
         const qsizetype distance = isStart ? 0 : _distance(word.toLower(), name);
