@@ -44,7 +44,8 @@ class DesktopTest(support.Case):
     def test_actions_and_thumbnails(self):
         picture = self.calls("lib/vrktrk/show-track", "good").split("|")[1]
         self.assertEqual(self.read(picture), self.vrk3("plot", "-qo-", "d ä/good.vrk3")[1])
-        self.assertIn(f"{NOTE}Der Track kann nicht angezeigt werden|a &lt;b&gt; &amp; c.vrk3: not",
+        self.assertIn(f"{NOTE}Der Track kann nicht angezeigt werden|"
+                      "a &lt;b&gt; &amp; c.vrk3: not a VRK3 archive, or its header is missing|",
                       self.calls("lib/vrktrk/show-track", "a <b> & c"))
         for summary in "Track gespeichert", "Ein Track konnte nicht gespeichert werden":  # the file now exists
             self.assertIn(f"{NOTE}{summary}|good.vrk3: ", self.calls("lib/vrktrk/write-track", "good"))
