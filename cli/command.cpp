@@ -189,8 +189,8 @@ void cCommand::_runParallel(cProgress &progress, cResults &results) const
     std::vector<std::jthread> threads;
     const auto stop = qScopeGuard([&] {
         next = count;
-        // A waiting thread only notices that the number has changed. It starts so low here that
-        // files that are still added cannot bring the old number back.
+        // A waiting thread notices only that the number has changed. This one is so low that files
+        // that are added later cannot bring the old number back.
         waiting = std::numeric_limits<qsizetype>::min();
         waiting.notify_all();
     });
