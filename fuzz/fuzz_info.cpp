@@ -54,7 +54,7 @@ void _checkPlot(const QString &file)
 {
     cProgress progress(1, false);
     cTrackSource source;
-    if (!source.read({file}, progress).isEmpty() || !source.finish().isEmpty())
+    if (!source.read({file}, progress).failure.isEmpty() || !source.finish().isEmpty())
         return;
     const QByteArray svg = cTrackPicture(source.track(), source.summary(), source.title()).svg();
     require(svg.size() <= MAX_FRAME_SIZE + MAX_POINT_SIZE * source.summary().fixes,
