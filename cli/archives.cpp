@@ -1,6 +1,7 @@
 #include "cli/archives.h"
 
 #include "cli/fileid.h"
+#include "cli/interrupt.h"
 
 #include <QFile>
 
@@ -25,7 +26,8 @@ void _appendFolder(const fs::path &root, const fs::path &subfolder, bool recursi
 {
     const fs::path path = subfolder.empty() ? root : root / subfolder;
     std::error_code error;
-    for (fs::directory_iterator it(path, error), end; !error && it != end; it.increment(error)) {
+    for (fs::directory_iterator it(path, error), end; !error && it != end && !isInterrupted();
+         it.increment(error)) {
         const fs::path name = it->path().filename();
         std::error_code ignored;
         if (_decode(name).startsWith(u'.'))

@@ -86,6 +86,8 @@ int cCommand::run(const QStringList &arguments)
     QString wrong = _readCommonOptions(parser);
     if (wrong.isEmpty())
         wrong = readOptions(parser);
+    if (isInterrupted()) // while folders were searched or a header was read
+        endInterrupted();
     if (!wrong.isEmpty())
         return _wrongUse(wrong);
 

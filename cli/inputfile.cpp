@@ -18,10 +18,12 @@ constexpr qsizetype BLOCK_SIZE = 65536;
 
 cInputFile::cInputFile(const QString &name)
 {
-    m_fd = name == STANDARD_STREAM
-               ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
-               : ::open(QFile::encodeName(name).constData(), O_RDONLY | O_CLOEXEC);
     struct stat status = {};
+    // Opening a pipe would wait for its writer. Only waitForInput ends at a signal on every thread.
+    const bool isPipe = fileStatus(name, STDIN_FILENO, status) && S_ISFIFO(status.st_mode);
+    m_fd = name == STANDARD_STREAM ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+                                   : ::open(QFile::encodeName(name).constData(),
+                                            O_RDONLY | O_CLOEXEC | (isPipe ? O_NONBLOCK : 0));
     if (m_fd < 0 || ::fstat(m_fd, &status) != 0)
         _fail(isInterrupted() ? u"interrupted"_s : qt_error_string(errno));
     else if (S_ISREG(status.st_mode))
@@ -48,7 +50,7 @@ bool cInputFile::next(QByteArray &block)
         }
         if (n == 0)
             return _atEnd();
-        if (errno != EINTR)
+        if (errno != EINTR && errno != EAGAIN)
             return _fail(qt_error_string(errno));
     }
     return false;

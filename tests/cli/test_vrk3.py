@@ -203,6 +203,16 @@ class Machine(Case):
             message = b"" if number == signal.SIGKILL else b"vrk3: standard input: interrupted\n"
             self.assertEqual((process.returncode, errors), (-number, message))
             self.assertEqual((self.files(), self.read("old.gpx")), (before, b"old"))
+        os.mkfifo(self.path("pipe"))
+        for arguments in (("-j2", "pipe", "long.vrk3"), ("--header-from", "pipe", "long.vrk3")):
+            with self.start("info", *arguments) as process:
+                time.sleep(0.3)
+                process.send_signal(signal.SIGINT)
+                try:
+                    process.communicate(timeout=20)
+                finally:
+                    process.kill()
+            self.assertEqual(process.returncode, -signal.SIGINT)
         with self.half_way("info", "-", before=["nohup"]) as process:
             process.send_signal(signal.SIGHUP)
             process.communicate(b"")
