@@ -183,5 +183,6 @@ bool cOutputFile::_failBySystem()
 bool cOutputFile::_fail(const QString &reason)
 {
     m_error = reason;
+    Q_EMIT signal_Failed();
     return false;
 }

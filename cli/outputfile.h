@@ -58,6 +58,10 @@ public Q_SLOTS:
     // call.
     void slot_Data(const QByteArray &a);
 
+Q_SIGNALS:
+    // The output has failed and does not accept any more bytes. error() says why.
+    void signal_Failed();
+
 private:
     void _openTemporary(const struct stat *old);
     bool _publish();

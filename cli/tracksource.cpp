@@ -52,6 +52,7 @@ RESULT_T cTrackSource::write(const std::shared_ptr<cOutputFile> &output,
     const QString failure = finish();
     if (!failure.isEmpty())
         return {failure};
+    connect(output.get(), SIGNAL(signal_Failed()), &m_track, SLOT(slot_Stop()));
     const bool isWritten = write();
     // Writing walks through the track again.
     if (!m_track.error().isEmpty())

@@ -152,10 +152,10 @@ FIX_T cTrackCursor::_pop()
     return fix;
 }
 
-// Takes the earliest fix and its duplicates. Returns false if there are none left.
+// Takes the earliest fix and its duplicates. Returns false at the end.
 bool cTrackCursor::_take()
 {
-    m_atEnd = m_heads.isEmpty();
+    m_atEnd = m_heads.isEmpty() || m_track->m_isStopped;
     if (m_atEnd)
         return false;
     m_fix = _pop();

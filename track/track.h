@@ -48,6 +48,8 @@ public:
 public Q_SLOTS:
     // The order of the fixes does not matter.
     void slot_Data(const FIX_T &fix);
+    // Makes all cursors report the end at their next step.
+    void slot_Stop() { m_isStopped = true; }
 
 private:
     friend class cTrackCursor;
@@ -66,6 +68,7 @@ private:
     QList<FIX_T> m_block; // unsorted
     FIX_T m_last;         // of the last run
     QList<RUN_T> m_runs;
+    bool m_isStopped = false;
     mutable cFixStore m_store; // reading moves the position in its file
 };
 
