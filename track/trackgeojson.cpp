@@ -26,7 +26,7 @@ std::pair<FIX_T, FIX_T> _cut(const FIX_T &from, const FIX_T &to)
     const double after = HALF_TURN - std::fabs(to.lon);
     const double part = before + after > 0 ? before / (before + after) : 0;
     FIX_T west = from;
-    west.time += qint64(part * double(to.time - from.time));
+    west.time += std::llround(part * double(to.time - from.time));
     west.lat += part * (to.lat - from.lat);
     west.altitude += part * (to.altitude - from.altitude);
     west.lon = std::copysign(HALF_TURN, from.lon);
