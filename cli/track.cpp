@@ -158,9 +158,14 @@ RESULT_T cTrackCommand::processAll(cProgress &progress, QList<RESULT_T> &parts) 
     for (qsizetype i = 0; i < archives().size() && !isInterrupted(); ++i) {
         const ARCHIVE_T &archive = archives().at(i);
         progress.begin(i + 1, archive.name);
+        const qint64 before = source.fixes();
         parts.append(archive.failure.isEmpty() ? source.read(archive, progress)
                                                : RESULT_T{archive.failure});
-        isUsed |= parts.last().failure.isEmpty();
+        if (!parts.last().failure.isEmpty())
+            continue;
+        isUsed = true;
+        if (source.fixes() == before)
+            parts.last().warnings.append(u"it contains no fix"_s);
     }
     return isUsed && !isInterrupted() ? _write(source, output) : RESULT_T();
 }

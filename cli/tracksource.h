@@ -32,6 +32,9 @@ public:
     // Adds an archive. Returns why it failed, if it did, and warnings about it.
     RESULT_T read(const ARCHIVE_T &archive, cProgress &progress);
 
+    // The number of fixes in all archives so far.
+    qint64 fixes() const { return m_reader.fixes(); }
+
     // Ends the track. Call this once after the last archive. Returns why the track cannot be used:
     // it has no fix, or its fixes cannot be read. Empty on success.
     QString finish();
