@@ -3,6 +3,8 @@
 #include "cli/trackpicture.h"
 #include "cli/tracksource.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -35,7 +37,7 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
     if (!output->isOpen())
         return {.files = {output}};
     cTrackSource source;
-    const RESULT_T part = source.read(archive, progress);
+    RESULT_T part = source.read(archive, progress);
     if (!part.failure.isEmpty())
         return part;
     RESULT_T result = source.write(output, [&] {
@@ -44,6 +46,6 @@ RESULT_T cPlot::process(const ARCHIVE_T &archive, cProgress &progress) const
         output->slot_Data(svg);
         return !svg.isEmpty();
     });
-    result.warnings = part.warnings;
+    result.warnings = std::move(part.warnings);
     return result;
 }

@@ -13,6 +13,7 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -136,11 +137,11 @@ RESULT_T cTrackCommand::process(const ARCHIVE_T &archive, cProgress &progress) c
         return {.files = {output}};
     cTrackSource source;
     _setUp(source.track());
-    const RESULT_T part = source.read(archive, progress);
+    RESULT_T part = source.read(archive, progress);
     if (!part.failure.isEmpty())
         return part;
     RESULT_T result = _write(source, output);
-    result.warnings = part.warnings;
+    result.warnings = std::move(part.warnings);
     return result;
 }
 
