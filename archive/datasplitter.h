@@ -24,7 +24,7 @@ public:
     void append(const QByteArray &a);
     // Appends bytes of a, starting at pos, and returns the offset after the last one appended. If
     // all bytes that came before `a` have been consumed, appends the rest of `a` without a copy and
-    // reads it in place. Otherwise copies about as many bytes as the last failed read needed. To
+    // reads it in place. Otherwise copies at least the bytes that the last failed read lacked. To
     // append a whole array, start with pos 0, read, and repeat with the returned offset until it is
     // a.size(). Then call release().
     qsizetype append(const QByteArray &a, qsizetype pos);
@@ -36,7 +36,7 @@ public:
     qsizetype size() const { return m_size; }
     // Number of bytes consumed so far.
     qint64 offset() const { return m_offset; }
-    // The bytes in the buffer. Valid until the next append or skip.
+    // The bytes in the buffer. Valid until the next call that is not const.
     QByteArrayView bytes() const { return {m_front, m_size}; }
     // Throws unless the buffer holds at least n bytes.
     void require(qsizetype n) const;

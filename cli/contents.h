@@ -69,7 +69,7 @@ public:
     const cTrackStats &stats() const { return m_stats; }
     // The track as `vrk3 track` would write it.
     const TRACK_SUMMARY_T &track() const { return m_summary; }
-    // Warnings about the points that the window would write; empty if there are none.
+    // Warnings about the files that the window would write; empty if there are none.
     const QStringList &warnings() const { return m_warnings; }
 
     static constexpr qsizetype MAX_TITLES = 16;

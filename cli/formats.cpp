@@ -26,7 +26,7 @@ void addFormatOption(QCommandLineParser &parser, std::span<const FORMAT_T> forma
 {
     parser.addOption(
         {{u"t"_s, TO},
-         u"Format: %1. The default follows the extension of -o's FILE; otherwise it is "
+         u"Format: %1. By default, the extension of -o's FILE decides; if there is none, it is "
          "%2."_s.arg(_names(formats), USUAL),
          u"FORMAT"_s});
 }

@@ -24,7 +24,7 @@ public:
     // Returns start(), followed by the size if it is not the whole text.
     QString shown() const;
 
-    // Texts of the same size that differ only after MAX_LENGTH characters are equal.
+    // Texts of the same size are equal if their first 4 * MAX_LENGTH bytes are equal.
     bool operator==(const cHeaderText &) const = default;
 
     static constexpr qsizetype MAX_LENGTH = 256; // in UTF-16 code units

@@ -40,9 +40,9 @@ bool _isSkippedInPart(QByteArrayView block)
     return false;
 }
 
-// Returns true if an element with this title, between open and close, is not plain text. Markup
-// in the title begins with mark. It is searched for because Qt's time to read an element grows with
-// the square of the number of its attributes.
+// Returns true if the title, written between open and close, makes the XML invalid or contains
+// mark, which begins markup. The mark is searched for first, because Qt's time to read an element
+// grows with the square of the number of its attributes.
 bool _breaksXml(const QByteArray &title, const QString &mark, const QString &open,
                 const QString &close)
 {

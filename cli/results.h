@@ -29,7 +29,7 @@ struct RESULT_T {
 class cResults
 {
 public:
-    // If isQuiet is set, summaries are not printed. Neither standard output nor a file may be one
+    // If isQuiet is set, summaries are not printed. Writing to standard output fails if it is one
     // of the inputs.
     cResults(QSet<FILEID_T> inputs, bool isQuiet);
 

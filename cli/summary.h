@@ -28,8 +28,8 @@ QStringList headerWarnings(const ARCHIVE_T &archive, const ACCOUNT_T &account);
 // incomplete.
 qint64 uselessBytes(const ACCOUNT_T &account);
 
-// Returns the time of a point as in a GPX file, "2011-03-23T12:01:07Z"; empty if the year does not
-// have four digits.
+// Returns the time of a point as in a GPX file, "2011-03-23T12:01:07Z"; empty if the year is not
+// from 1 to 9999.
 QString pointTime(const nmea_data &n);
 
 // Returns "1234 points, 12:01:07 to 13:20:44 UTC, 56 bytes skipped -> a.gpx". `amount` is the first

@@ -18,8 +18,8 @@ public:
     // outlive the call.
     cTrackPicture(const cTrack &track, TRACK_SUMMARY_T summary, QString title);
 
-    // Returns the picture. Returns an empty array if the track has no fix or an error, or if a text
-    // cannot be written as XML.
+    // Returns the picture. Returns an empty array if the track has no fix or could not be read, or
+    // if a text cannot be written as XML.
     QByteArray svg() const;
 
 private:

@@ -35,14 +35,14 @@ public:
     // The number of fixes in all archives so far.
     qint64 fixes() const { return m_reader.fixes(); }
 
-    // Ends the track. Call this once after the last archive. Returns why the track cannot be used:
-    // it has no fix, or its fixes cannot be read. Empty on success.
+    // Ends the track. Call either this or write(), once, after the last archive. Returns why the
+    // track cannot be used: it has no fix, or its fixes cannot be read. Empty on success.
     QString finish();
     // Figures about the track. Valid only if finish() has succeeded.
     const TRACK_SUMMARY_T &summary() const { return m_summary; }
 
     // Finishes the track and calls `write`, which must write it to the output. `write` returns
-    // false if the track cannot be written as XML. Call this once after the last archive.
+    // false if the track cannot be written as XML.
     RESULT_T write(const std::shared_ptr<cOutputFile> &output, const std::function<bool()> &write);
 
     // Returns the first title that is not empty. If there is none, returns the file name of the

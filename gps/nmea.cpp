@@ -190,6 +190,7 @@ void cNmea::_sentence()
         _pgrme();
     if (m_fix.valid) {
         ++m_account.points;
+        m_account.invalidPoints += m_isInvalid;
         Q_EMIT signal_Data(m_fix);
     }
 }
@@ -234,9 +235,7 @@ void cNmea::_gpgga()
     m_fix.time = _getTime(_field(0));
     _position(1);
     m_fix.alt = _getDouble(_field(8));
-    // The decoder ignores the quality of the fix.
-    if (m_fix.valid && _is(_field(5), '0') && (m_fix.lat != 0 || m_fix.lon != 0))
-        ++m_account.invalidPoints;
+    m_isInvalid = _is(_field(5), '0') && (m_fix.lat != 0 || m_fix.lon != 0);
 }
 
 void cNmea::_gprmc()
@@ -244,6 +243,7 @@ void cNmea::_gprmc()
     m_fix.time = _getTime(_field(0));
     m_fix.valid = _is(_field(1), 'A');
     _position(2);
+    m_isInvalid = false;
     m_fix.speed = _getDouble(_field(6)) * KNOTS_TO_MPS;
     m_fix.course = _getDouble(_field(7));
     m_fix.date = _getDate(_field(8));

@@ -37,7 +37,7 @@ struct NMEA_ACCOUNT_T {
     counts tooFewFields{}; // fewer than the nine fields that a GPGGA or GPRMC needs
     counts malformed{};    // cut off, or with a character that does not belong in a sentence
     qint64 points = 0;     // records emitted
-    // Those with the position of a GPGGA without a fix, other than 0, 0.
+    // Records whose position was sent by a GPGGA without a fix and is not 0, 0.
     qint64 invalidPoints = 0;
     // Positions in accepted sentences, by the number of decimals of their minutes. The decoder
     // expects four. The last entry counts the positions with nine or more.
@@ -104,6 +104,7 @@ private:
     int m_kind = 0;       // of the unfinished sentence, an index into NMEA_NAMES
     std::array<QByteArrayView, FIELDS_READ> m_fields;
     nmea_data m_fix;
+    bool m_isInvalid = false; // its position was sent by a GPGGA without a fix and is not 0, 0
     NMEA_ACCOUNT_T m_account;
     // The digits of the last date field and its value.
     QByteArray m_dateField;

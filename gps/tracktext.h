@@ -24,8 +24,8 @@ struct CIVIL_T {
     int second = 0;
 };
 
-// Converts seconds since 1970 to local time. Empty if the year does not have one to four digits.
-// With QDateTime, conversion to GPX takes nearly twice as long.
+// Converts seconds since 1970 to local time. Empty outside the years 1 to 9999, and within a day of
+// their limits. With QDateTime, conversion to GPX takes nearly twice as long.
 std::optional<CIVIL_T> localTime(qint64 second);
 
 // Builds a line of output. The memory is reused for the next line.

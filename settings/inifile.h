@@ -106,7 +106,7 @@ public:
 
     // Encodes any bytes as one line of ASCII. Line feed, carriage return, tab and backslash become
     // \n, \r, \t and \\; every other byte outside 0x20 to 0x7F becomes \x and two lower-case
-    // digits.
+    // hexadecimal digits.
     static std::string _decorate(const std::string &value);
     // Decodes what `_decorate` has written; accepts any text. An unknown escape is kept unchanged,
     // an unfinished one at the end is dropped, and bytes between \x and its two digits are skipped.

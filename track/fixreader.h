@@ -39,8 +39,8 @@ public:
     ~cFixReader() override;
 
     // Call this after the last chunk: it emits the fixes that are still waiting. Text that follows
-    // is read as that of another receiver, and its fixes without a date are placed after those
-    // emitted so far.
+    // is read as that of another receiver, and its fixes without a date are placed after the
+    // undated ones emitted so far.
     void finish();
 
     const cSentenceSplitter &sentences() const { return m_splitter; }

@@ -10,7 +10,8 @@ namespace
 {
 constexpr double HALF_TURN = 180;
 
-// The meridian is on both sides. Returns a fix on it as one on the side of another fix.
+// A longitude of 180 is the same as -180. Returns the fix; if it is on that meridian, its longitude
+// gets the sign of the other fix's.
 FIX_T _onSideOf(const FIX_T &other, FIX_T fix)
 {
     if (std::fabs(fix.lon) == HALF_TURN)
