@@ -8,11 +8,11 @@
 #include <QThread>
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
+#include <condition_variable>
 #include <cstdio>
 #include <future>
-#include <limits>
+#include <mutex>
 #include <new>
 #include <system_error>
 #include <thread>
@@ -173,28 +173,31 @@ void cCommand::_runParallel(cProgress &progress, cResults &results) const
 {
     const qsizetype count = m_archives.size();
     std::vector<std::promise<RESULT_T>> promises{size_t(count)};
-    std::atomic<qsizetype> next = 0;
-    std::atomic<qsizetype> waiting = 0; // files
+    std::mutex mutex; // protects the next two
+    qsizetype next = 0;
+    qsizetype waiting = 0; // files
+    std::condition_variable changed;
     const auto work = [&] {
         for (;;) {
-            for (qsizetype n = waiting; n >= MAX_WAITING && next < count; n = waiting)
-                waiting.wait(n);
-            const qsizetype i = next++;
-            if (i >= count)
+            std::unique_lock lock(mutex);
+            changed.wait(lock, [&] { return waiting < MAX_WAITING || next == count; });
+            if (next == count)
                 return;
+            const qsizetype i = next++;
+            lock.unlock();
             cProgress none(1, false);
             RESULT_T result = _process(m_archives.at(i), none);
+            lock.lock();
             waiting += _waitingFiles(result);
+            lock.unlock();
             promises[size_t(i)].set_value(std::move(result));
         }
     };
     std::vector<std::jthread> threads;
     const auto stop = qScopeGuard([&] {
+        const std::lock_guard lock(mutex);
         next = count;
-        // A waiting thread notices only that the number has changed. This one is so low that files
-        // that are added later cannot bring the old number back.
-        waiting = std::numeric_limits<qsizetype>::min();
-        waiting.notify_all();
+        changed.notify_all();
     });
     // QThreadPool would wait forever for a thread that cannot be created.
     try {
@@ -216,8 +219,9 @@ void cCommand::_runParallel(cProgress &progress, cResults &results) const
         const qsizetype files = _waitingFiles(result);
         progress.clear();
         results.add(m_archives.at(i).name, std::move(result), before(results.isEmpty()));
+        const std::lock_guard lock(mutex);
         waiting -= files;
-        waiting.notify_all();
+        changed.notify_all();
     }
 }
 

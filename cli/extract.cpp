@@ -127,10 +127,10 @@ RESULT_T cExtract::process(const ARCHIVE_T &archive, cProgress &progress) const
                          counted(uselessBytes(feed.account()), "byte") + u" skipped"_s};
     if (m_choice.id < 0)
         parts.prepend(counted(streams.count(), "stream"));
-    QList<std::shared_ptr<cOutputFile>> written = result.files, skipped;
-    const auto isSkipped = [](const auto &file) { return file->isSkipped(); };
-    std::copy_if(written.cbegin(), written.cend(), std::back_inserter(skipped), isSkipped);
-    written.removeIf(isSkipped);
+    QList<std::shared_ptr<cOutputFile>> written, skipped;
+    std::partition_copy(result.files.cbegin(), result.files.cend(), std::back_inserter(skipped),
+                        std::back_inserter(written),
+                        [](const auto &file) { return file->isSkipped(); });
     result.summary = parts.join(u", "_s) + u" -> "_s + _names(written);
     if (!skipped.isEmpty())
         result.summary += u"; already there: "_s + _names(skipped);

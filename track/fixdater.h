@@ -35,8 +35,8 @@ public:
     void addDate(int time, qint64 day);
 
     // Call this after the last fix: it emits those that are still waiting. Fixes that follow are
-    // those of another receiver, and if they have no date, they are placed after the
-    // undated ones emitted so far.
+    // those of another receiver, and if they have no date, they are placed after the undated ones
+    // emitted so far.
     void finish();
 
     qint64 fixes() const { return m_fixes; } // emitted so far
